@@ -1,0 +1,167 @@
+#include "base/json_text.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "base/text.h"
+
+namespace base {
+namespace {
+
+constexpr size_t kNone = std::wstring_view::npos;
+
+struct Escape {
+    wchar_t letter, character;
+};
+constexpr Escape kEscapes[] = {
+    {L'"', L'"'},  {L'\\', L'\\'}, {L'/', L'/'},  {L'b', L'\b'},
+    {L'f', L'\f'}, {L'n', L'\n'},  {L'r', L'\r'}, {L't', L'\t'},
+};
+
+// The position behind the colon that follows the first occurrence of the quoted key.
+size_t valuePosition(std::wstring_view text, std::wstring_view key) {
+    std::wstring quoted = L"\"";
+    quoted += key;
+    quoted += L'"';
+    const size_t found = text.find(quoted);
+    if (found == kNone) {
+        return kNone;
+    }
+    const size_t colon = text.find(L':', found + quoted.size());
+    return colon == kNone ? kNone : colon + 1;
+}
+
+int hexDigit(wchar_t c) {
+    if (c >= L'0' && c <= L'9') {
+        return c - L'0';
+    }
+    if (c >= L'a' && c <= L'f') {
+        return c - L'a' + 10;
+    }
+    if (c >= L'A' && c <= L'F') {
+        return c - L'A' + 10;
+    }
+    return -1;
+}
+
+// The value of the four hexadecimal digits at `position`, or nothing.
+std::optional<char32_t> hexUnit(std::wstring_view text, size_t position) {
+    if (text.size() < 4 || position > text.size() - 4) {
+        return std::nullopt;
+    }
+    char32_t value = 0;
+    for (size_t i = 0; i < 4; ++i) {
+        const int digit = hexDigit(text[position + i]);
+        if (digit < 0) {
+            return std::nullopt;
+        }
+        value = value * 16 + static_cast<char32_t>(digit);
+    }
+    return value;
+}
+
+constexpr bool isSurrogate(char32_t unit) {
+    return unit >= 0xD800 && unit <= 0xDFFF;
+}
+
+// Decodes the \uXXXX at `position` (its backslash), with a second one where the two are a pair. Gives the characters
+// read, 0 when it is no such escape.
+size_t appendUnicodeEscape(std::wstring& out, std::wstring_view text, size_t position) {
+    const auto high = hexUnit(text, position + 2);
+    if (!high) {
+        return 0;
+    }
+    if (!isSurrogate(*high)) {
+        appendCodePoint(out, *high);
+        return 6;
+    }
+    if (*high < 0xDC00 && text.substr(position + 6, 2) == L"\\u") {
+        const auto low = hexUnit(text, position + 8);
+        if (low && *low >= 0xDC00 && *low <= 0xDFFF) {
+            appendCodePoint(out, 0x10000 + ((*high - 0xD800) << 10) + (*low - 0xDC00));
+            return 12;
+        }
+    }
+    appendCodePoint(out, 0xFFFD);
+    return 6;
+}
+
+}  // namespace
+
+std::optional<std::wstring> readJsonString(std::wstring_view text, std::wstring_view key) {
+    const size_t value = valuePosition(text, key);
+    const size_t open = value == kNone ? kNone : text.find(L'"', value);
+    if (open == kNone) {
+        return std::nullopt;
+    }
+    for (size_t i = open + 1; i < text.size(); ++i) {
+        if (text[i] == L'\\') {
+            ++i;
+        } else if (text[i] == L'"') {
+            return unescapeJson(text.substr(open + 1, i - open - 1));
+        }
+    }
+    return std::nullopt;
+}
+
+std::wstring readJsonStringOr(std::wstring_view text, std::wstring_view key, std::wstring_view fallback) {
+    return readJsonString(text, key).value_or(std::wstring(fallback));
+}
+
+bool readJsonBool(std::wstring_view text, std::wstring_view key, bool fallback) {
+    const size_t value = valuePosition(text, key);
+    if (value == kNone) {
+        return fallback;
+    }
+    const std::wstring word = lowered(trimmed(text.substr(value, 8)));
+    if (word.starts_with(L"true")) {
+        return true;
+    }
+    return word.starts_with(L"false") ? false : fallback;
+}
+
+std::wstring unescapeJson(std::wstring_view text) {
+    std::wstring out;
+    out.reserve(text.size());
+    for (size_t i = 0; i < text.size();) {
+        if (text[i] != L'\\' || i + 1 == text.size()) {
+            out.push_back(text[i++]);
+            continue;
+        }
+        const wchar_t letter = text[i + 1];
+        if (letter == L'u') {
+            if (const size_t read = appendUnicodeEscape(out, text, i); read > 0) {
+                i += read;
+                continue;
+            }
+        }
+        const auto* escape = std::ranges::find(kEscapes, letter, &Escape::letter);
+        if (escape != std::end(kEscapes)) {
+            out.push_back(escape->character);
+        } else {
+            out.append({L'\\', letter});
+        }
+        i += 2;
+    }
+    return out;
+}
+
+std::wstring escapeJson(std::wstring_view text) {
+    constexpr wchar_t kHex[] = L"0123456789abcdef";
+    std::wstring out;
+    out.reserve(text.size());
+    for (const wchar_t c : text) {
+        const auto* escape = std::ranges::find(kEscapes, c, &Escape::character);
+        const auto code = static_cast<uint32_t>(c);
+        if (escape != std::end(kEscapes) && c != L'/') {
+            out.append({L'\\', escape->letter});
+        } else if (code < 0x20) {
+            out.append({L'\\', L'u', L'0', L'0', kHex[code >> 4], kHex[code & 0xF]});
+        } else {
+            out.push_back(c);
+        }
+    }
+    return out;
+}
+
+}  // namespace base

@@ -1,0 +1,31 @@
+// Helpers for the product's own small JSON files, which are read by looking up keys in the text. This is not a JSON
+// parser: a lookup takes the first occurrence of the quoted key anywhere in the text and ignores nesting, so a key must
+// not occur earlier as a value or as a nested key. They never fail and take time linear in the text.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace base {
+
+// The string value of `key`: what stands between the first double quote after the first colon after the quoted key, and
+// the next double quote that no backslash precedes; unescaped. Nothing when a step finds nothing.
+std::optional<std::wstring> readJsonString(std::wstring_view text, std::wstring_view key);
+
+// As readJsonString, with `fallback` where that gives nothing.
+std::wstring readJsonStringOr(std::wstring_view text, std::wstring_view key, std::wstring_view fallback);
+
+// The eight characters after the colon of `key`, trimmed and lower-cased: true or false when they begin so, else
+// `fallback`.
+bool readJsonBool(std::wstring_view text, std::wstring_view key, bool fallback);
+
+// Resolves the escapes of RFC 8259. Any other escape stays as it is written, and so does a \u that lacks four
+// hexadecimal digits; half of a surrogate pair becomes U+FFFD.
+std::wstring unescapeJson(std::wstring_view text);
+
+// The text with the escapes that a JSON string needs (RFC 8259, section 7), without surrounding quotes: the inverse of
+// unescapeJson for text without lone surrogates.
+std::wstring escapeJson(std::wstring_view text);
+
+}  // namespace base

@@ -1,0 +1,156 @@
+#include "base/text.h"
+
+#include <algorithm>
+#include <cwctype>
+
+namespace base {
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+constexpr bool isHighSurrogate(char32_t c) {
+    return c >= 0xD800 && c <= 0xDBFF;
+}
+constexpr bool isLowSurrogate(char32_t c) {
+    return c >= 0xDC00 && c <= 0xDFFF;
+}
+
+// wchar_t may be signed or unsigned and 16 or 32 bits wide; a unit is its bits.
+char32_t unitAt(std::wstring_view text, size_t index) {
+    if constexpr (sizeof(wchar_t) == 2) {
+        return static_cast<char16_t>(text[index]);
+    } else {
+        return static_cast<char32_t>(text[index]);
+    }
+}
+
+void appendUtf8(std::string& out, char32_t c) {
+    const auto byte = [&out](char32_t value) { out.push_back(static_cast<char>(static_cast<unsigned char>(value))); };
+    if (c < 0x80) {
+        byte(c);
+    } else if (c < 0x800) {
+        byte(0xC0 | (c >> 6));
+        byte(0x80 | (c & 0x3F));
+    } else if (c < 0x10000) {
+        byte(0xE0 | (c >> 12));
+        byte(0x80 | ((c >> 6) & 0x3F));
+        byte(0x80 | (c & 0x3F));
+    } else {
+        byte(0xF0 | (c >> 18));
+        byte(0x80 | ((c >> 12) & 0x3F));
+        byte(0x80 | ((c >> 6) & 0x3F));
+        byte(0x80 | (c & 0x3F));
+    }
+}
+
+// The well-formed sequences of the Unicode standard, table 3-7: lead bytes and the range of the byte that follows them.
+struct LeadRange {
+    unsigned char first, last;
+    int trailing;
+    unsigned char secondFirst, secondLast;
+};
+constexpr LeadRange kLeadRanges[] = {
+    {0xC2, 0xDF, 1, 0x80, 0xBF}, {0xE0, 0xE0, 2, 0xA0, 0xBF}, {0xE1, 0xEC, 2, 0x80, 0xBF}, {0xED, 0xED, 2, 0x80, 0x9F},
+    {0xEE, 0xEF, 2, 0x80, 0xBF}, {0xF0, 0xF0, 3, 0x90, 0xBF}, {0xF1, 0xF3, 3, 0x80, 0xBF}, {0xF4, 0xF4, 3, 0x80, 0x8F},
+};
+
+// Decodes one code point at `index`, which it moves behind what it read.
+char32_t decodeUtf8(std::string_view text, size_t& index) {
+    const auto lead = static_cast<unsigned char>(text[index++]);
+    if (lead < 0x80) {
+        return lead;
+    }
+    const auto* range =
+        std::ranges::find_if(kLeadRanges, [lead](const LeadRange& r) { return lead >= r.first && lead <= r.last; });
+    if (range == std::end(kLeadRanges)) {
+        return kReplacement;
+    }
+    char32_t value = lead & (0x3Fu >> range->trailing);
+    for (int i = 0; i < range->trailing; ++i) {
+        const unsigned char low = i == 0 ? range->secondFirst : 0x80;
+        const unsigned char high = i == 0 ? range->secondLast : 0xBF;
+        if (index >= text.size()) {
+            return kReplacement;
+        }
+        const auto next = static_cast<unsigned char>(text[index]);
+        if (next < low || next > high) {
+            return kReplacement;
+        }
+        value = (value << 6) | (next & 0x3Fu);
+        ++index;
+    }
+    return value;
+}
+
+}  // namespace
+
+std::string toUtf8(std::wstring_view text) {
+    std::string out;
+    out.reserve(text.size());
+    for (size_t i = 0; i < text.size(); ++i) {
+        char32_t c = unitAt(text, i);
+        if (isHighSurrogate(c) && i + 1 < text.size() && isLowSurrogate(unitAt(text, i + 1))) {
+            c = 0x10000 + ((c - 0xD800) << 10) + (unitAt(text, ++i) - 0xDC00);
+        }
+        const bool valid = c <= 0x10FFFF && !isHighSurrogate(c) && !isLowSurrogate(c);
+        appendUtf8(out, valid ? c : kReplacement);
+    }
+    return out;
+}
+
+void appendCodePoint(std::wstring& out, char32_t codePoint) {
+    if constexpr (sizeof(wchar_t) == 2) {
+        if (codePoint >= 0x10000) {
+            out.push_back(static_cast<wchar_t>(0xD800 + ((codePoint - 0x10000) >> 10)));
+            out.push_back(static_cast<wchar_t>(0xDC00 + ((codePoint - 0x10000) & 0x3FF)));
+            return;
+        }
+    }
+    out.push_back(static_cast<wchar_t>(codePoint));
+}
+
+std::wstring toWide(std::string_view utf8) {
+    std::wstring out;
+    out.reserve(utf8.size());
+    for (size_t i = 0; i < utf8.size();) {
+        appendCodePoint(out, decodeUtf8(utf8, i));
+    }
+    return out;
+}
+
+std::wstring_view trimmed(std::wstring_view text) {
+    const auto isSpace = [](wchar_t c) { return std::iswspace(static_cast<wint_t>(c)) != 0; };
+    while (!text.empty() && isSpace(text.front())) {
+        text.remove_prefix(1);
+    }
+    while (!text.empty() && isSpace(text.back())) {
+        text.remove_suffix(1);
+    }
+    return text;
+}
+
+std::wstring lowered(std::wstring_view text) {
+    std::wstring out(text);
+    std::ranges::transform(out, out.begin(),
+                           [](wchar_t c) { return static_cast<wchar_t>(std::towlower(static_cast<wint_t>(c))); });
+    return out;
+}
+
+bool equalsIgnoringCase(std::wstring_view a, std::wstring_view b) {
+    return a.size() == b.size() && lowered(a) == lowered(b);
+}
+
+bool endsWithIgnoringCase(std::wstring_view text, std::wstring_view suffix) {
+    return text.size() >= suffix.size() && equalsIgnoringCase(text.substr(text.size() - suffix.size()), suffix);
+}
+
+std::wstring zeroPadded(unsigned value, int width) {
+    std::wstring digits = std::to_wstring(value);
+    const auto wanted = static_cast<size_t>(width);
+    if (digits.size() < wanted) {
+        digits.insert(0, wanted - digits.size(), L'0');
+    }
+    return digits;
+}
+
+}  // namespace base

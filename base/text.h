@@ -1,0 +1,31 @@
+// Text: UTF-8 and wide strings, trimming and comparing. A wide string holds UTF-16 code units where wchar_t is 16 bits
+// wide (Windows) and code points where it is 32 bits wide; every function here takes both.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace base {
+
+// Encodes as UTF-8. An unpaired surrogate or a value beyond U+10FFFF becomes U+FFFD, as WideCharToMultiByte does it.
+std::string toUtf8(std::wstring_view text);
+
+// Decodes UTF-8. Each maximal ill-formed part becomes one U+FFFD (Unicode 15, section 3.9, "substitution of maximal
+// subparts").
+std::wstring toWide(std::string_view utf8);
+
+// Appends one code point to `out` in the platform's wide encoding.
+void appendCodePoint(std::wstring& out, char32_t codePoint);
+
+// The text without leading and trailing white space (iswspace).
+std::wstring_view trimmed(std::wstring_view text);
+
+// towlower character by character, as option names and executable names are compared.
+std::wstring lowered(std::wstring_view text);
+bool equalsIgnoringCase(std::wstring_view a, std::wstring_view b);
+bool endsWithIgnoringCase(std::wstring_view text, std::wstring_view suffix);
+
+// `value` in decimal, with leading zeros up to `width` digits.
+std::wstring zeroPadded(unsigned value, int width);
+
+}  // namespace base

@@ -1,0 +1,41 @@
+// A file that will be run or installed with administrator rights and stands where others may write. It is written to a
+// new file, closed, reopened so that nobody can change, rename or delete it, and compared with its source through that
+// very handle. While the object lives, what stands at path() is what was written.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "base/win32/unique_handle.h"
+
+namespace base {
+
+class HeldFile {
+public:
+    enum class Failure { none, linkInPath, open, write, changed };
+
+    HeldFile() = default;
+
+    // Writes `bytes` to `path`, in folders that it makes. Everything between `base` (a folder above `path`) and the file
+    // has to be plain folders: a link there is a failure, since it could be turned elsewhere while the file is in use.
+    // On failure nothing is held and GetLastError() tells more.
+    static HeldFile write(const std::wstring& base, const std::wstring& path, std::span<const std::byte> bytes);
+
+    Failure failure() const { return failure_; }
+    explicit operator bool() const { return static_cast<bool>(file_); }
+    const std::wstring& path() const { return path_; }
+    void release() { file_.reset(); }
+
+private:
+    std::wstring path_;
+    UniqueFile file_;
+    Failure failure_ = Failure::none;
+};
+
+// All bytes of a file, or nothing when it cannot be read. Writers are denied while it is read.
+std::optional<std::vector<std::byte>> readWholeFile(const std::wstring& path);
+
+}  // namespace base

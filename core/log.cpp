@@ -1,0 +1,28 @@
+#include "core/log.h"
+
+#include "base/text.h"
+
+namespace velquin {
+
+using base::zeroPadded;
+
+std::wstring formatLocalTime(const TimeStamp& time) {
+    return std::to_wstring(time.day) + L'.' + std::to_wstring(time.month) + L'.' + zeroPadded(time.year, 4) + L"  " +
+           std::to_wstring(time.hour) + L':' + zeroPadded(time.minute, 2) + L':' + zeroPadded(time.second, 2);
+}
+
+std::wstring formatUtcTime(const TimeStamp& time) {
+    return zeroPadded(time.year, 4) + L'-' + zeroPadded(time.month, 2) + L'-' + zeroPadded(time.day, 2) + L'T' +
+           zeroPadded(time.hour, 2) + L':' + zeroPadded(time.minute, 2) + L':' + zeroPadded(time.second, 2) + L'.' +
+           zeroPadded(time.millisecond, 3) + L'Z';
+}
+
+std::wstring formatDate(const TimeStamp& time) {
+    return zeroPadded(time.year, 4) + zeroPadded(time.month, 2) + zeroPadded(time.day, 2);
+}
+
+std::string formatLogLine(const TimeStamp& local, std::wstring_view text) {
+    return base::toUtf8(formatLocalTime(local)) + "  " + base::toUtf8(text) + '\n';
+}
+
+}  // namespace velquin

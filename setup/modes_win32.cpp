@@ -1,0 +1,141 @@
+#include <windows.h>
+
+#include <shellapi.h>
+#include <shobjidl.h>
+
+#include <algorithm>
+
+#include "base/argument_quoting.h"
+#include "base/win32/files.h"
+#include "base/win32/process.h"
+#include "base/win32/system.h"
+#include "core/delayed_delete.h"
+#include "core/log.h"
+#include "core/product.h"
+#include "core/product_paths.h"
+#include "setup/exit_codes.h"
+#include "setup/file_steps.h"
+#include "setup/flows.h"
+#include "setup/interactive.h"
+#include "setup/modes.h"
+#include "setup/options.h"
+#include "setup/startup.h"
+#include "setup/uninstall_worker.h"
+
+namespace velquin::setup {
+namespace {
+
+// All that a mode may look at.
+struct Run {
+    HINSTANCE instance;
+    const Arguments& arguments;
+    std::wstring installDir;  // normalised; empty: none was given
+    bool startWithWindows;
+};
+
+int runInstall(const Run& run) {
+    const auto installDir = run.installDir.empty() ? std::nullopt : std::optional(run.installDir);
+    const bool ok = installProduct(run.arguments.has(kDesktopOption), run.startWithWindows, installDir);
+    if (ok && shouldLaunchAfterInstall(run.arguments)) {
+        launchInstalledApp();
+    }
+    return ok ? kExitOk : kExitInstallFailed;
+}
+
+int runRepair(const Run& run) {
+    return repairProduct(desktopShortcutExists(), run.startWithWindows) ? kExitOk : kExitRepairFailed;
+}
+
+int runUninstall(const Run& run) {
+    const bool isWorker = run.arguments.has(kTempWorkerOption);
+    if (!isWorker && isRunningFromInstallFolder()) {
+        return relaunchUninstallFromTempCopy(run.arguments) ? kExitOk : kExitWorkerFailed;
+    }
+    if (isWorker) {
+        waitForLaunchingSetup();
+    }
+    const bool removeConfig = run.arguments.has(kRemoveConfigOption);
+    const int code = uninstallProduct(removeConfig);
+    if (isWorker) {
+        scheduleDeleteOnReboot(ownFile());
+    }
+    if (removeConfig && code == kExitOk) {
+        // The lines written since the folder went have made it anew, with nothing but the log in it.
+        removeUserData();
+    }
+    return code;
+}
+
+// A self-test whose subject is not part of the program yet fails with its own code, and says so.
+template <int kCode>
+int runMissingSelfTest(const Run& run) {
+    writeSetupLog(std::wstring(modeName(run.arguments.mode())) + L" failed: not part of this build");
+    return kCode;
+}
+
+int runInteractive(const Run& run) {
+    return runInteractiveSetup(run.instance);
+}
+
+struct ModeRunner {
+    Mode mode;
+    int (*run)(const Run&);
+};
+constexpr ModeRunner kRunners[] = {
+    {Mode::install, runInstall},
+    {Mode::repair, runRepair},
+    {Mode::uninstall, runUninstall},
+    {Mode::selfTest, runMissingSelfTest<kExitSelfTestUnavailable>},
+    {Mode::updateServiceSelfTest, runMissingSelfTest<kExitUpdateServiceFailed>},
+    {Mode::mountDiagnosticsSelfTest, runMissingSelfTest<kExitMountDiagnosticsFailed>},
+    {Mode::liveUpdateManifestSelfTest, runMissingSelfTest<kExitLiveUpdateManifestFailed>},
+    {Mode::interactive, runInteractive},
+};
+
+Arguments readArguments() {
+    int count = 0;
+    wchar_t** split = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::wstring> arguments;
+    for (int i = 1; split != nullptr && i < count; ++i) {
+        arguments.emplace_back(split[i]);
+    }
+    LocalFree(split);
+    return Arguments(std::move(arguments));
+}
+
+void logStart(const Arguments& arguments) {
+    // A command line may be 32,000 characters long; its beginning tells enough.
+    constexpr size_t kMaxLoggedLength = 2000;
+    std::wstring text = base::joinArguments(arguments.list());
+    if (text.size() > kMaxLoggedLength) {
+        text.resize(kMaxLoggedLength);
+        text += L" …";
+    }
+    writeSetupLog(std::wstring(L"setup ") + kVersion + L" started: mode=" + modeName(arguments.mode()) + L" pid=" +
+                  std::to_wstring(GetCurrentProcessId()) + L" elevated=" +
+                  (base::isProcessElevated() ? L"yes" : L"no") + L" file=" + ownFile() + L" arguments=" + text);
+}
+
+}  // namespace
+
+int runSetup(HINSTANCE instance) {
+    const Arguments arguments = readArguments();
+    std::wstring installDir = normalizePathText(arguments.valueOf(kInstallDirOption));
+    SetCurrentProcessExplicitAppUserModelID(kSetupUserModelId);
+    // Child programs inherit the current folder. The one this program was started in may be anybody's, and may be the
+    // very folder that an uninstall removes.
+    SetCurrentDirectoryW(base::windowsFolder().c_str());
+    logStart(arguments);
+    const bool installed = isProductInstalled();
+    const bool startWithWindows =
+        chooseStartWithWindows(arguments, installed, installed && readStartupRegistration());
+    const auto* runner = std::ranges::find(kRunners, arguments.mode(), &ModeRunner::mode);
+    const int code = runner->run({instance, arguments, std::move(installDir), startWithWindows});
+    // After a complete removal with the user's data there is no log to end, and none is begun.
+    if (base::folderExists(dataFolder())) {
+        writeSetupLog(L"setup finished: exit=" + std::to_wstring(code));
+    }
+    return code;
+}
+
+}  // namespace velquin::setup

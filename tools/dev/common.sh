@@ -1,0 +1,29 @@
+# Small helpers that every part of ./dev shares. Sourced, never run.
+
+# say TEXT: one line about what is happening, on stderr, so that the output of `./dev exec` stays the command's own.
+say() { printf '[dev] %s\n' "$*" >&2; }
+
+# die TEXT: a one-line error that names the remedy; ends with 1.
+die() {
+  printf '[dev] error: %s\n' "$*" >&2
+  exit 1
+}
+
+# quietly WHAT LOG CMD...: runs CMD with its output in LOG, says WHAT first and a sign of life every half minute, and
+# shows the end of LOG when CMD fails. Returns CMD's exit code.
+quietly() {
+  local what=$1 log=$2 started=$SECONDS ticker code=0
+  shift 2
+  say "$what …"
+  (while sleep 30; do say "  still at it ($((SECONDS - started)) s)"; done) &
+  ticker=$!
+  "$@" >"$log" 2>&1 </dev/null || code=$?
+  kill "$ticker" 2>/dev/null
+  wait "$ticker" 2>/dev/null || true
+  if [ "$code" -ne 0 ]; then
+    tail -n 15 "$log" >&2
+  else
+    say "  done ($((SECONDS - started)) s)"
+  fi
+  return "$code"
+}

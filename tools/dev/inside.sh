@@ -1,0 +1,2 @@
+#!/usr/bin/env bash
+case $1 in exec) shift; exec "$@";; esac
