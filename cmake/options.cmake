@@ -9,7 +9,10 @@ if(WIN32)
     UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0A00 WINVER=0x0A00)
   target_compile_options(velquin_options INTERFACE -ffunction-sections -fdata-sections -fstack-protector-strong)
   # Reproducible: the same sources give the same bytes, so no time stamp.
-  target_link_options(velquin_options INTERFACE -static -municode -Wl,--gc-sections -Wl,--no-insert-timestamp)
+  target_link_options(velquin_options INTERFACE -static -Wl,--gc-sections -Wl,--no-insert-timestamp)
+  # For programs with a wide entry (wmain, wWinMain).
+  add_library(velquin_wide_entry INTERFACE)
+  target_link_options(velquin_wide_entry INTERFACE -municode)
 endif()
 
 if(VELQUIN_SANITIZE)

@@ -1,2 +1,99 @@
 #!/usr/bin/env bash
-case $1 in exec) shift; exec "$@";; esac
+# The commands of ./dev, run inside the tool environment. Called by ./dev with the command's name and arguments.
+set -euo pipefail
+
+repo=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+source "$repo/tools/dev/common.sh"
+
+build() { # PRESET [TARGET...]
+  local preset=$1 arguments=(--build "$repo/build/$1" --)
+  shift
+  [ $# -gt 0 ] && arguments=(--build "$repo/build/$preset" --target "$@" --)
+  mkdir -p "$repo/build"
+  if [ ! -f "$repo/build/$preset/build.ninja" ]; then
+    (cd "$repo" && quietly "configuring $preset" "$repo/build/$preset.configure.log" cmake --preset "$preset") ||
+      die "configuring failed; see build/$preset.configure.log"
+  fi
+  say "building $preset …"
+  cmake "${arguments[@]}" >"$repo/build/$preset.build.log" 2>&1 </dev/null || {
+    grep -E 'error|FAILED|undefined|warning' "$repo/build/$preset.build.log" | head -n 40 >&2
+    die "the build failed; see build/$preset.build.log"
+  }
+}
+
+publish() { # puts the products into out/
+  mkdir -p "$repo/out"
+  local file
+  for file in bin/VelquinSetup.exe bin/Velquin.exe installer/Velquin.msi; do
+    cp -u "$repo/build/win64/$file" "$repo/out/"
+  done
+}
+
+with_display() { "$repo/tools/wine/with_display.sh" "$@"; }
+
+command_build() {
+  build win64
+  publish
+  say "built:"
+  (cd "$repo" && ls -l out/VelquinSetup.exe out/Velquin.exe out/Velquin.msi) >&2
+}
+
+command_run() {
+  build win64
+  publish
+  with_display python3 "$repo/tools/demo/demo.py"
+}
+
+command_test() {
+  build native
+  build win64
+  publish
+  # One run over the trees of both builds, so that there is one summary.
+  mkdir -p "$repo/build/all"
+  printf 'subdirs("%s" "%s")\n' "$repo/build/native" "$repo/build/win64" >"$repo/build/all/CTestTestfile.cmake"
+  with_display python3 "$repo/tools/wine/with_machine.py" tests \
+    ctest --test-dir "$repo/build/all" --parallel "$(nproc)" --output-on-failure --no-tests=error \
+    --output-junit "$repo/build/tests.xml" ${1:+--tests-regex "$1"}
+}
+
+command_bench() {
+  build native-release
+  build win64
+  with_display python3 "$repo/bench/bench.py"
+}
+
+command_fuzz() {
+  local seconds=${1:-20} target
+  [[ $seconds =~ ^[0-9]+$ ]] || die "fuzz takes a number of seconds, not '$seconds'"
+  build fuzz
+  for target in "$repo"/build/fuzz/bin/fuzz_*; do
+    local name
+    name=$(basename "$target")
+    mkdir -p "$repo/build/fuzz/corpus/$name"
+    quietly "$name, $seconds s" "$repo/build/fuzz/$name.log" "$target" -max_total_time="$seconds" -max_len=65536 -timeout=10 \
+      -artifact_prefix="$repo/build/fuzz/$name-" "$repo/build/fuzz/corpus/$name" ||
+      die "$name found a fault; see build/fuzz/$name.log"
+    grep -E 'stat::number_of_executed_units|DONE' "$repo/build/fuzz/$name.log" | tail -n 1 >&2
+  done
+}
+
+command_gallery() {
+  mkdir -p "$repo/out"
+  "$repo/tools/gallery/gallery.sh" "$repo/out/gallery.png"
+  say "written: out/gallery.png"
+}
+
+command_format() {
+  (cd "$repo" && git ls-files '*.h' '*.cpp' && git -C "$repo" ls-files --others --exclude-standard '*.h' '*.cpp') |
+    (cd "$repo" && xargs clang-format -i)
+}
+
+git config --global --get-all safe.directory 2>/dev/null | grep -qxF "$repo" ||
+  git config --global --add safe.directory "$repo"
+
+name=$1
+shift
+case $name in
+  exec) exec "$@" ;;
+  *) "command_$name" "$@" ;;
+esac
