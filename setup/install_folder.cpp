@@ -35,6 +35,10 @@ std::wstring installFolderTextProblem(std::wstring_view folder) {
     if (!base::isFullyQualified(folder)) {
         return L"it is not a full path with a drive or a network share";
     }
+    if (folder.contains(L'"')) {
+        // What "C:\Apps\" in quotes comes to: an easy slip, so the remedy is named.
+        return L"it holds a quotation mark; on a command line, leave out the backslash before the closing one";
+    }
     const size_t root = base::rootLength(folder);
     if (folder.size() <= root) {
         return L"it is a root; the product needs a folder of its own";

@@ -106,7 +106,12 @@ std::wstring linkJson(const std::wstring& path) {
     const auto add = [&](const wchar_t* name, HRESULT result) {
         members.push_back(member(name, SUCCEEDED(result) ? quoted(text) : L"null"));
     };
-    add(L"target", link->GetPath(text, kLength, nullptr, SLGP_RAWPATH));
+    // The item list and not GetPath: that is what Explorer follows, and it holds the path in Unicode, where the text beside
+    // it is in the code page of whoever wrote the link.
+    LPITEMIDLIST items = nullptr;
+    const HRESULT listed = link->GetIDList(&items);
+    add(L"target", listed == S_OK && SHGetPathFromIDListW(items, text) ? S_OK : E_FAIL);
+    CoTaskMemFree(items);
     add(L"arguments", link->GetArguments(text, kLength));
     add(L"folder", link->GetWorkingDirectory(text, kLength));
     add(L"description", link->GetDescription(text, kLength));

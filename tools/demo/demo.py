@@ -95,7 +95,7 @@ def main():
         demo.run("Uninstall from the install folder", "--uninstall --remove-config",
                  program=DEFAULT_FOLDER + r"\VelquinSetup.exe")
         print("  (the setup has handed over to its temporary copy; waiting for that)")
-        machine.wait_until(lambda: not machine.exists(DEFAULT_FOLDER) and not machine.exists(DATA))
+        machine.wait_for_worker()
         left = machine.report()
         demo.check("no file of the product", not machine.exists(DEFAULT_FOLDER))
         demo.check("no registry entry", not left["registry"])

@@ -191,6 +191,23 @@ class Machine:
         path = self.unix(rf"C:\doubles\{name}.log")
         return path.read_text(encoding="utf-8").splitlines() if path.exists() else []
 
+    def running(self, name):
+        """The ids (of this system) of the machine's processes whose program path contains `name`."""
+        mark = f"WINEPREFIX={self.prefix}".encode()
+        found = []
+        for process in Path("/proc").glob("[0-9]*"):
+            try:
+                if name.encode() in (process / "cmdline").read_bytes().split(b"\0")[0] and mark in (
+                        process / "environ").read_bytes().split(b"\0"):
+                    found.append(int(process.name))
+            except OSError:  # ended meanwhile, or not ours to read
+                continue
+        return found
+
+    def wait_for_worker(self, seconds=60):
+        """Waits for the temporary copy of the setup that uninstalls to end."""
+        return self.wait_until(lambda: not self.running("VelquinSetup-uninstall-worker"), seconds)
+
     def wait_until(self, condition, seconds=20):
         """Waits for something that happens on its own; false when it did not in time."""
         end = time.monotonic() + seconds

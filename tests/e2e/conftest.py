@@ -1,0 +1,26 @@
+"""A machine for each test, and what the tests share. When a test fails, the setup log of its machine is shown."""
+import re
+import sys
+from pathlib import Path
+
+import pytest
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools" / "wine"))
+from machine import BIN, Machine  # noqa: E402
+
+
+@pytest.fixture
+def machine(request):
+    made = Machine("test-" + re.sub(r"\W+", "-", f"{request.node.path.stem}-{request.node.name}")[:80])
+    yield made
+    print("setup log:", *made.log(), sep="\n  ")
+    made.stop()
+
+
+@pytest.fixture
+def doubled(machine):
+    """A machine whose Windows Installer and Task Scheduler tools are recording doubles."""
+    machine.use_double("msiexec")
+    machine.use_double("schtasks")
+    machine.put(BIN / "Velquin.exe", r"C:\doubles\Velquin.exe")
+    return machine
