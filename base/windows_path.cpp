@@ -14,6 +14,9 @@ constexpr bool isSeparator(wchar_t c) {
 constexpr bool isDriveLetter(wchar_t c) {
     return (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z');
 }
+constexpr bool beginsWithDrive(std::wstring_view text) {
+    return text.size() >= 2 && isDriveLetter(text[0]) && text[1] == L':';
+}
 
 bool isLiteral(std::wstring_view path) {
     return path.starts_with(LR"(\\?\)");
@@ -43,8 +46,8 @@ std::wstring withBackslashes(std::wstring_view path) {
 
 size_t rootLength(std::wstring_view path) {
     if (path.size() >= 2 && isSeparator(path[0]) && isSeparator(path[1])) {
-        if (isLiteral(path) && path.size() >= 6 && isDriveLetter(path[4]) && path[5] == L':') {
-            return path.size() > 6 ? 7 : 6;
+        if (isLiteral(path) && beginsWithDrive(path.substr(4))) {
+            return path.size() > 6 && path[6] == L'\\' ? 7 : 6;
         }
         const size_t prefix = path.starts_with(LR"(\\?\UNC\)") ? 8 : 2;
         const size_t serverEnd = componentEnd(path, prefix);
@@ -54,14 +57,14 @@ size_t rootLength(std::wstring_view path) {
         const size_t shareEnd = componentEnd(path, serverEnd + 1);
         return std::min(shareEnd + 1, path.size());
     }
-    if (path.size() >= 2 && isDriveLetter(path[0]) && path[1] == L':') {
+    if (beginsWithDrive(path)) {
         return path.size() >= 3 && isSeparator(path[2]) ? 3 : 2;
     }
     return !path.empty() && isSeparator(path[0]) ? 1 : 0;
 }
 
 bool isFullyQualified(std::wstring_view path) {
-    if (path.size() >= 3 && isDriveLetter(path[0]) && path[1] == L':' && isSeparator(path[2])) {
+    if (beginsWithDrive(path) && path.size() >= 3 && isSeparator(path[2])) {
         return true;
     }
     if (path.size() < 5 || !isSeparator(path[0]) || !isSeparator(path[1]) || path[2] == L'.' || path[2] == L'?') {
@@ -126,6 +129,9 @@ std::wstring lexicallyNormal(std::wstring_view path) {
         start = end + 1;
     }
     std::wstring out = withBackslashes(path.substr(0, root));
+    if (root == 0 && !kept.empty() && beginsWithDrive(kept.front())) {
+        out = LR"(.\)";  // "a\..\C:\b" is no path on drive C
+    }
     for (size_t i = 0; i < kept.size(); ++i) {
         if (i > 0) {
             out.push_back(L'\\');
