@@ -1,5 +1,5 @@
-// Windows paths as text: taking apart, joining and normalising, without asking any file system. A path is a wide string;
-// both separators are understood, backslashes are written.
+// Windows paths as text: taking apart, joining and normalising, without asking any file system. A path is a wide
+// string; both separators are understood, backslashes are written.
 #pragma once
 
 #include <functional>
@@ -19,8 +19,8 @@ bool isFullyQualified(std::wstring_view path);
 // `folder` and `name` with one separator between them. An empty folder gives the name.
 std::wstring joinPath(std::wstring_view folder, std::wstring_view name);
 
-// The folder that holds the path's last component, without a trailing separator; the root for what lies in a root; empty
-// where there is none.
+// The folder that holds the path's last component, without a trailing separator; the root for what lies in a root;
+// empty where there is none.
 std::wstring parentPath(std::wstring_view path);
 
 // The last component, empty for a root or a path that ends in a separator.
@@ -29,7 +29,8 @@ std::wstring fileName(std::wstring_view path);
 // The path with the extension of its file name (from its last dot, if that is not its first character) replaced.
 std::wstring withExtension(std::wstring_view path, std::wstring_view extension);
 
-// The lexically normal form: one separator between components, no ".", no ".." that a component before it answers.
+// The lexically normal form: one separator between components, no ".", no ".." that a component before it answers. Only
+// a relative path whose first component then reads like a drive keeps a "." before it.
 // Paths that begin with "\\?\" are taken literally by Windows and come back unchanged.
 std::wstring lexicallyNormal(std::wstring_view path);
 
@@ -40,8 +41,8 @@ using AbsolutePathFunction = std::function<std::optional<std::wstring>(const std
 // trailing separators while it is at least four characters long. Empty for blank text.
 std::wstring normalizePathText(std::wstring_view text, const AbsolutePathFunction& absolute);
 
-// The form that Windows calls accept beyond 259 characters: "\\?\" before a drive path, "\\?\UNC\" before a network path.
-// Shorter and relative paths come back unchanged.
+// The form that Windows calls accept beyond 259 characters: "\\?\" before a drive path, "\\?\UNC\" before a network
+// path. Shorter and relative paths come back unchanged.
 std::wstring extendedLengthPath(std::wstring_view path);
 
 }  // namespace base

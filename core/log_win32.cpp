@@ -13,6 +13,19 @@ TimeStamp fromSystemTime(const SYSTEMTIME& t) {
     return {t.wYear, t.wMonth, t.wDay, t.wHour, t.wMinute, t.wSecond, t.wMilliseconds};
 }
 
+// One thread of this process writes at a time. Windows adds each line behind all others by itself, but the folder of
+// the user may lie on another system's disk, where two writers could choose the same end.
+class WritingTurn {
+public:
+    WritingTurn() { AcquireSRWLockExclusive(&lock_); }
+    ~WritingTurn() { ReleaseSRWLockExclusive(&lock_); }
+    WritingTurn(const WritingTurn&) = delete;
+    WritingTurn& operator=(const WritingTurn&) = delete;
+
+private:
+    static inline SRWLOCK lock_ = SRWLOCK_INIT;
+};
+
 }  // namespace
 
 TimeStamp localTime() {
@@ -39,14 +52,15 @@ void writeLogBeside(const std::wstring& configPath, std::wstring_view text) {
     base::createFolders(base::parentPath(configPath));
     // The log lies where the user may write and this program may run with more rights than the user has: a link in the
     // log's place is opened as itself and left alone.
-    const base::UniqueFile file =
-        base::openFile(logFileBeside(configPath), FILE_APPEND_DATA | FILE_READ_ATTRIBUTES,
-                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_ALWAYS, FILE_FLAG_OPEN_REPARSE_POINT);
+    const base::UniqueFile file = base::openFile(logFileBeside(configPath), FILE_APPEND_DATA | FILE_READ_ATTRIBUTES,
+                                                 FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_ALWAYS,
+                                                 FILE_FLAG_OPEN_REPARSE_POINT);
     BY_HANDLE_FILE_INFORMATION information{};
     if (!file || !GetFileInformationByHandle(file.get(), &information) ||
         (information.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
         return;
     }
+    const WritingTurn turn;
     const std::string line = formatLogLine(localTime(), text);
     base::writeAll(file.get(), std::as_bytes(std::span(line)));
 }

@@ -36,14 +36,19 @@ HeldFile::Failure writeNewFile(const std::wstring& path, std::span<const std::by
     if (!DeleteFileW(extendedLengthPath(path).c_str()) && GetLastError() != ERROR_FILE_NOT_FOUND) {
         return HeldFile::Failure::open;
     }
-    const UniqueFile file = openFile(path, GENERIC_WRITE, 0, CREATE_NEW, FILE_FLAG_OPEN_REPARSE_POINT);
+    UniqueFile file = openFile(path, GENERIC_WRITE, 0, CREATE_NEW, FILE_FLAG_OPEN_REPARSE_POINT);
     if (!file) {
         return HeldFile::Failure::open;
     }
-    if (!writeAll(file.get(), bytes) || !FlushFileBuffers(file.get())) {
-        return HeldFile::Failure::write;
+    if (writeAll(file.get(), bytes) && FlushFileBuffers(file.get())) {
+        return HeldFile::Failure::none;
     }
-    return HeldFile::Failure::none;
+    // Half a file is of no use to anyone and may fill the disk.
+    const DWORD error = GetLastError();
+    file.reset();
+    DeleteFileW(extendedLengthPath(path).c_str());
+    SetLastError(error);
+    return HeldFile::Failure::write;
 }
 
 }  // namespace

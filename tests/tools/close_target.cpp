@@ -1,5 +1,6 @@
 // close_target MODE ARGUMENT: a process for the tests of starting and stopping programs.
-//   window EVENT       ends with 7 when its window is asked to close; with 8 when the window that this one owns is asked,
+//   window EVENT       ends with 7 when its window is asked to close; with 8 when the window that this one owns is
+//   asked,
 //                      which nobody should do
 //   stubborn EVENT     ignores that it is asked to close
 //   windowless EVENT   has no window
@@ -41,7 +42,8 @@ int runWindows(const wchar_t* readyEvent) {
     windowClass.lpszClassName = L"VelquinCloseTarget";
     RegisterClassW(&windowClass);
     const auto create = [&windowClass](HWND owner) {
-        return CreateWindowExW(0, windowClass.lpszClassName, L"", WS_POPUP, 0, 0, 0, 0, owner, nullptr, nullptr, nullptr);
+        return CreateWindowExW(0, windowClass.lpszClassName, L"", WS_POPUP, 0, 0, 0, 0, owner, nullptr, nullptr,
+                               nullptr);
     };
     create(create(nullptr));
     SetTimer(nullptr, 0, 60000, [](HWND, UINT, UINT_PTR, DWORD) { ExitProcess(1); });

@@ -163,7 +163,7 @@ class Machine:
     def log(self):
         """The texts of the setup log's lines, without their time stamps."""
         path = self.unix(DATA + r"\velquin.log")
-        if not path.exists():
+        if not path.is_file():
             return []
         return [line.split("  ", 2)[2] for line in path.read_text(encoding="utf-8").splitlines() if "  " in line]
 
