@@ -1,7 +1,6 @@
 #include "base/json_text.h"
 
 #include <algorithm>
-#include <cstdint>
 
 #include "base/text.h"
 
@@ -152,7 +151,7 @@ std::wstring escapeJson(std::wstring_view text) {
     out.reserve(text.size());
     for (const wchar_t c : text) {
         const auto* escape = std::ranges::find(kEscapes, c, &Escape::character);
-        const auto code = static_cast<uint32_t>(c);
+        const auto code = static_cast<char32_t>(c);
         if (escape != std::end(kEscapes) && c != L'/') {
             out.append({L'\\', escape->letter});
         } else if (code < 0x20) {

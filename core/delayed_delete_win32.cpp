@@ -57,14 +57,14 @@ void cancelDeleteOnReboot(const std::vector<std::wstring>& paths) {
         result = RegDeleteValueW(key.get(), kPendingRenames);
     } else {
         const std::wstring remaining = formatPendingRenames(strings);
-        result = RegSetValueExW(key.get(), kPendingRenames, 0, REG_MULTI_SZ,
-                                reinterpret_cast<const BYTE*>(remaining.data()),
-                                static_cast<DWORD>(remaining.size() * sizeof(wchar_t)));
+        result =
+            RegSetValueExW(key.get(), kPendingRenames, 0, REG_MULTI_SZ, reinterpret_cast<const BYTE*>(remaining.data()),
+                           static_cast<DWORD>(remaining.size() * sizeof(wchar_t)));
     }
     for (const std::wstring& path : removed) {
-        writeSetupLog(result == ERROR_SUCCESS ? L"cancelled delete on reboot: " + path
-                                              : L"cancelling delete on reboot failed: " + path +
-                                                    L" error=" + std::to_wstring(result));
+        writeSetupLog(result == ERROR_SUCCESS
+                          ? L"cancelled delete on reboot: " + path
+                          : L"cancelling delete on reboot failed: " + path + L" error=" + std::to_wstring(result));
     }
 }
 

@@ -1,6 +1,8 @@
 // The half of the log that asks Windows for the time and writes the file.
 #include <windows.h>
 
+#include <mutex>
+
 #include "base/win32/files.h"
 #include "base/windows_path.h"
 #include "core/log.h"
@@ -12,19 +14,6 @@ namespace {
 TimeStamp fromSystemTime(const SYSTEMTIME& t) {
     return {t.wYear, t.wMonth, t.wDay, t.wHour, t.wMinute, t.wSecond, t.wMilliseconds};
 }
-
-// One thread of this process writes at a time. Windows adds each line behind all others by itself, but the folder of
-// the user may lie on another system's disk, where two writers could choose the same end.
-class WritingTurn {
-public:
-    WritingTurn() { AcquireSRWLockExclusive(&lock_); }
-    ~WritingTurn() { ReleaseSRWLockExclusive(&lock_); }
-    WritingTurn(const WritingTurn&) = delete;
-    WritingTurn& operator=(const WritingTurn&) = delete;
-
-private:
-    static inline SRWLOCK lock_ = SRWLOCK_INIT;
-};
 
 }  // namespace
 
@@ -60,7 +49,10 @@ void writeLogBeside(const std::wstring& configPath, std::wstring_view text) {
         (information.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
         return;
     }
-    const WritingTurn turn;
+    // Windows adds each line behind all others by itself, but the user's folder may lie on another system's disk, where
+    // two writers could choose the same end: one thread at a time.
+    static std::mutex turn;
+    const std::lock_guard<std::mutex> lock(turn);
     const std::string line = formatLogLine(localTime(), text);
     base::writeAll(file.get(), std::as_bytes(std::span(line)));
 }

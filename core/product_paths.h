@@ -1,5 +1,5 @@
-// Where everything of the product lies: its own file, the install folder, the per-user data, the shortcuts. Nothing here
-// fails: a missing folder or variable falls back to a fixed default. All paths are wide and use backslashes.
+// Where everything of the product lies: its own file, the install folder, the per-user data, the shortcuts. Nothing
+// here fails: a missing folder or variable falls back to a fixed default. All paths are wide and use backslashes.
 #pragma once
 
 #include <optional>

@@ -89,10 +89,8 @@ std::optional<std::wstring> registeredInstallFolder() {
 }
 
 std::wstring resolveInstallDir() {
-    if (installDirOverride()) {
-        return *installDirOverride();
-    }
-    return registeredInstallFolder().value_or(defaultInstallFolder());
+    const std::optional<std::wstring>& chosen = installDirOverride();
+    return chosen ? *chosen : registeredInstallFolder().value_or(defaultInstallFolder());
 }
 
 InstallDirOverride::InstallDirOverride(std::wstring folder) : previous_(installDirOverride()) {

@@ -9,7 +9,7 @@ namespace {
 
 struct Flag {
     const wchar_t* name;
-    bool CommandLine::*member;
+    bool CommandLine::* member;
 };
 constexpr Flag kFlags[] = {
     {L"--mount", &CommandLine::mount},

@@ -1,9 +1,9 @@
 // The process entry of Velquin.exe: one instance for each signed-in user, its options, its log line, its tray icon.
 #include <windows.h>
 
-#include <shellapi.h>
 #include <shobjidl.h>
 
+#include "base/win32/system.h"
 #include "base/win32/unique_handle.h"
 #include "core/log.h"
 #include "core/product.h"
@@ -16,17 +16,6 @@ namespace {
 using velquin::app::CommandLine;
 
 constexpr wchar_t kInstanceMutex[] = L"Local\\" PRODUCT_APP_ID;
-
-CommandLine readCommandLine() {
-    int count = 0;
-    wchar_t** split = CommandLineToArgvW(GetCommandLineW(), &count);
-    std::vector<std::wstring> arguments;
-    for (int i = 1; split != nullptr && i < count; ++i) {
-        arguments.emplace_back(split[i]);
-    }
-    LocalFree(split);
-    return velquin::app::parseCommandLine(arguments);
-}
 
 std::wstring describe(const CommandLine& line, const std::wstring& config) {
     std::wstring text = std::wstring(velquin::kVersion) + L" pid=" + std::to_wstring(GetCurrentProcessId()) +
@@ -43,7 +32,7 @@ std::wstring describe(const CommandLine& line, const std::wstring& config) {
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int) {
     SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
     SetCurrentProcessExplicitAppUserModelID(velquin::kAppUserModelId);
-    const CommandLine line = readCommandLine();
+    const CommandLine line = velquin::app::parseCommandLine(base::processArguments());
     const std::wstring config = line.config.empty() ? velquin::configurationFile() : line.config;
     const base::UniqueHandle mutex(CreateMutexW(nullptr, FALSE, kInstanceMutex));
     if (GetLastError() == ERROR_ALREADY_EXISTS) {

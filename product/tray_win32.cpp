@@ -32,9 +32,9 @@ void showIcon(HWND window) {
     NOTIFYICONDATAW data = iconData(window);
     data.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
     data.uCallbackMessage = kTrayMessage;
-    data.hIcon = static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON,
-                                               GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON),
-                                               LR_SHARED));
+    data.hIcon =
+        static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON,
+                                      GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), LR_SHARED));
     lstrcpynW(data.szTip, kProductName, static_cast<int>(std::size(data.szTip)));
     Shell_NotifyIconW(NIM_ADD, &data);
 }
@@ -51,8 +51,8 @@ void showMenu(HWND window) {
     GetCursorPos(&position);
     // Without the focus a menu of the notification area would not close when the user clicks elsewhere.
     SetForegroundWindow(window);
-    const int command =
-        TrackPopupMenu(menu, TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, position.x, position.y, 0, window, nullptr);
+    const int command = TrackPopupMenu(menu, TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, position.x, position.y, 0,
+                                       window, nullptr);
     DestroyMenu(menu);
     if (command == kExitCommand) {
         PostMessageW(window, WM_CLOSE, 0, 0);

@@ -64,8 +64,8 @@ bool msiInstall(const std::wstring& action, bool desktopShortcut, bool startWith
         return false;
     }
     uint32_t exitCode = 0;
-    bool ok = runMsiexec(
-        action, msiInstallArguments({package.path(), folder, startWithWindows, desktopShortcut}), exitCode);
+    bool ok =
+        runMsiexec(action, msiInstallArguments({package.path(), folder, startWithWindows, desktopShortcut}), exitCode);
     package.release();
     if (ok) {
         ok = copySetup();
@@ -125,8 +125,8 @@ bool fileInstall(bool desktopShortcut, bool startWithWindows, const std::wstring
     return ok;
 }
 
-// What the installed files and the package in its cache take, generously: the setup carries all of it compressed or not,
-// and a copy of the setup is installed, too.
+// What the installed files and the package in its cache take, generously: the setup carries all of it compressed or
+// not, and a copy of the setup is installed, too.
 uint64_t neededBytes() {
     return 2 * base::fileSize(ownFile());
 }
@@ -150,7 +150,10 @@ bool installProduct(bool desktopShortcut, bool startWithWindows, const std::opti
     const std::wstring folder = normalizePathText(installDir.value_or(resolveInstallDir()));
     const InstallDirOverride inFolder(folder);
     writeSetupLog(L"install started");
-    writeSetupLog(L"install folder: " + folder + (installDir ? L" (chosen)" : registered ? L" (registered)" : L" (default)"));
+    writeSetupLog(L"install folder: " + folder +
+                  (installDir   ? L" (chosen)"
+                   : registered ? L" (registered)"
+                                : L" (default)"));
     const std::wstring problem = installFolderProblem(folder, neededBytes());
     if (!problem.empty()) {
         writeSetupLog(L"install folder refused, nothing was changed: " + folder + L": " + problem);
@@ -181,8 +184,7 @@ bool repairProduct(bool desktopShortcut, bool startWithWindows) {
     }
     ok = createProductShortcut(paths.startMenuShortcut()) && ok;
     removeLegacyStartMenuShortcut();
-    ok = (desktopShortcut ? createProductShortcut(paths.desktopShortcut())
-                          : deleteShortcut(paths.desktopShortcut())) &&
+    ok = (desktopShortcut ? createProductShortcut(paths.desktopShortcut()) : deleteShortcut(paths.desktopShortcut())) &&
          ok;
     ok = updateStartup(startWithWindows) && ok;
     ok = writeUninstallEntry(folder) && ok;

@@ -9,7 +9,6 @@ namespace velquin::setup {
 namespace {
 
 constexpr size_t kMaxPathLength = 259;
-constexpr size_t kMaxComponentLength = 255;
 
 size_t longestInstalledPath() {
     size_t longest = 0;
@@ -46,10 +45,12 @@ std::wstring installFolderTextProblem(std::wstring_view folder) {
     if (folder.size() > maxInstallFolderLength()) {
         return L"it is longer than " + std::to_wstring(maxInstallFolderLength()) + L" characters";
     }
-    for (size_t start = root; start < folder.size();) {
+    constexpr size_t kNetworkPrefix = 2;  // the names of a server and a share keep the same rules as folders
+    for (size_t start = folder.starts_with(L'\\') ? kNetworkPrefix : root; start < folder.size();) {
         const size_t end = std::min(folder.find(L'\\', start), folder.size());
         const std::wstring_view part = folder.substr(start, end - start);
-        if (part.size() > kMaxComponentLength || std::ranges::any_of(part, isForbidden)) {
+        // Windows drops a dot or blank at the end of a name, so the folder would not be the one that was asked for.
+        if (std::ranges::any_of(part, isForbidden) || part.ends_with(L'.') || part.ends_with(L' ')) {
             return L"'" + std::wstring(part.substr(0, 60)) + L"' is no valid folder name";
         }
         start = end + 1;

@@ -11,15 +11,13 @@ namespace velquin::setup {
 namespace {
 
 constexpr wchar_t kMessage[] =
-    L"The setup dialog is not part of this build yet. Start the setup with one of these options instead:\n\n"
-    L"--install\tinstall or upgrade, unattended\n"
-    L"    --install-dir <folder>\tinto this folder\n"
-    L"    --desktop\tcreate a desktop shortcut\n"
-    L"    --no-startup\tdo not start with Windows\n"
-    L"    --no-start\tdo not start the app afterwards\n"
-    L"--repair\trestore shortcuts and registration\n"
-    L"--uninstall\tremove the product\n"
-    L"    --remove-config\tremove the settings, too\n\n"
+    L"The setup dialog is not part of this build yet. Please start the setup with one of these options:\n\n"
+    L"--install\n"
+    L"    installs or upgrades the product; takes --install-dir <folder>, --desktop, --no-startup and --no-start\n"
+    L"--repair\n"
+    L"    restores shortcuts, start with Windows and registration\n"
+    L"--uninstall\n"
+    L"    removes the product; with --remove-config its settings, too\n\n"
     L"The setup log tells what was done:\n%LOCALAPPDATA%\\LumoraPrivateMemory\\Velquin\\velquin.log";
 
 }  // namespace

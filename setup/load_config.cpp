@@ -15,6 +15,7 @@ constexpr IMAGE_LOAD_CONFIG_DIRECTORY64 makeLoadConfig() {
 }  // namespace
 
 extern "C" {
-extern const IMAGE_LOAD_CONFIG_DIRECTORY64 velquinLoadConfig;
-__attribute__((section(".loadcfg"))) constinit const IMAGE_LOAD_CONFIG_DIRECTORY64 velquinLoadConfig = makeLoadConfig();
+extern const IMAGE_LOAD_CONFIG_DIRECTORY64 kVelquinLoadConfig;
+__attribute__((section(".loadcfg"))) constinit const IMAGE_LOAD_CONFIG_DIRECTORY64 kVelquinLoadConfig =
+    makeLoadConfig();
 }

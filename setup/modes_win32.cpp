@@ -1,6 +1,5 @@
 #include <windows.h>
 
-#include <shellapi.h>
 #include <shobjidl.h>
 
 #include <algorithm>
@@ -92,17 +91,6 @@ constexpr ModeRunner kRunners[] = {
     {Mode::interactive, runInteractive},
 };
 
-Arguments readArguments() {
-    int count = 0;
-    wchar_t** split = CommandLineToArgvW(GetCommandLineW(), &count);
-    std::vector<std::wstring> arguments;
-    for (int i = 1; split != nullptr && i < count; ++i) {
-        arguments.emplace_back(split[i]);
-    }
-    LocalFree(split);
-    return Arguments(std::move(arguments));
-}
-
 void logStart(const Arguments& arguments) {
     // A command line may be 32,000 characters long; its beginning tells enough.
     constexpr size_t kMaxLoggedLength = 2000;
@@ -119,7 +107,7 @@ void logStart(const Arguments& arguments) {
 }  // namespace
 
 int runSetup(HINSTANCE instance) {
-    const Arguments arguments = readArguments();
+    const Arguments arguments(base::processArguments());
     std::wstring installDir = normalizePathText(arguments.valueOf(kInstallDirOption));
     SetCurrentProcessExplicitAppUserModelID(kSetupUserModelId);
     // Child programs inherit the current folder. The one this program was started in may be anybody's, and may be the
@@ -127,8 +115,7 @@ int runSetup(HINSTANCE instance) {
     SetCurrentDirectoryW(base::windowsFolder().c_str());
     logStart(arguments);
     const bool installed = isProductInstalled();
-    const bool startWithWindows =
-        chooseStartWithWindows(arguments, installed, installed && readStartupRegistration());
+    const bool startWithWindows = chooseStartWithWindows(arguments, installed, installed && readStartupRegistration());
     const auto* runner = std::ranges::find(kRunners, arguments.mode(), &ModeRunner::mode);
     const int code = runner->run({instance, arguments, std::move(installDir), startWithWindows});
     // After a complete removal with the user's data there is no log to end, and none is begun.

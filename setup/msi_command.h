@@ -27,11 +27,13 @@ std::wstring msiRemoveArguments(std::wstring_view productCode);
 // The arguments with verbose logging to `logPath` appended.
 std::wstring withMsiLog(std::wstring_view arguments, std::wstring_view logPath);
 
-// "msi-<action>-<version>-<UTC stamp>.log"; in action and stamp every character but letters, digits, "-" and "_" becomes
+// "msi-<action>-<version>-<UTC stamp>.log"; in action and stamp every character but letters, digits, "-" and "_"
+// becomes
 // "-".
 std::wstring msiLogFileName(std::wstring_view action, std::wstring_view utcStamp);
 
-// "<version>-<file name of the payload's path>", the package's name in the cache; "Velquin.msi" stands for an empty name.
+// "<version>-<file name of the payload's path>", the package's name in the cache; "Velquin.msi" stands for an empty
+// name.
 std::wstring cachedPackageName(std::wstring_view payloadPath);
 
 }  // namespace velquin::setup

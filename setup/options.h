@@ -1,5 +1,5 @@
-// The command line of VelquinSetup.exe as data: every option it knows, the modes in their order of precedence, and how an
-// argument list is read. Options are compared without regard to case; there is no "=" syntax and no short form.
+// The command line of VelquinSetup.exe as data: every option it knows, the modes in their order of precedence, and how
+// an argument list is read. Options are compared without regard to case; there is no "=" syntax and no short form.
 #pragma once
 
 #include <span>

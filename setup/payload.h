@@ -10,7 +10,8 @@
 
 namespace velquin::setup {
 
-// The bytes of a payload resource; they live as long as the process. Empty, with a log line, when it is missing or empty.
+// The bytes of a payload resource; they live as long as the process. Empty, with a log line, when it is missing or
+// empty.
 std::span<const std::byte> payloadBytes(int32_t resourceId);
 
 // Writes a payload to a file, over one that is there. False with a log line on failure.

@@ -8,8 +8,8 @@ struct IPropertyStore;
 
 namespace velquin::setup {
 
-// Creates or replaces the link file, making its folder. The working folder is the target's, the icon its first. An empty
-// `appUserModelId` is left out. Logs what became of it.
+// Creates or replaces the link file, making its folder. The working folder is the target's, the icon its first. An
+// empty `appUserModelId` is left out. Logs what became of it.
 bool createShortcut(const std::wstring& linkPath, const std::wstring& target, const std::wstring& arguments,
                     const std::wstring& description, const std::wstring& appUserModelId);
 

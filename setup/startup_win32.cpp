@@ -53,9 +53,8 @@ std::wstring registerStartup(const std::wstring& configPath) {
         return L"Scheduled Task";
     }
     writeSetupLog(std::wstring(L"scheduled task not created: ") + kTaskName + L" exit=" + std::to_wstring(exitCode));
-    const bool created =
-        createShortcut(paths.startupShortcut(), program, startupArguments(configPath),
-                       L"Mount configured VeraCrypt mappings at Windows logon.", kAppUserModelId);
+    const bool created = createShortcut(paths.startupShortcut(), program, startupArguments(configPath),
+                                        L"Mount configured VeraCrypt mappings at Windows logon.", kAppUserModelId);
     deleteShortcut(paths.legacyStartupShortcut());
     if (!created) {
         throw std::runtime_error("Autostart registration failed.");

@@ -1,5 +1,5 @@
-// The temporary copy of the setup that uninstalls: the setup kept in the install folder cannot remove the folder that it
-// runs from, so it copies itself to the temporary folder and lets that copy do the work.
+// The temporary copy of the setup that uninstalls: the setup kept in the install folder cannot remove the folder that
+// it runs from, so it copies itself to the temporary folder and lets that copy do the work.
 #pragma once
 
 #include <cstdint>

@@ -57,8 +57,7 @@ void waitForLaunchingSetup() {
     if (own == processes.end()) {
         return;
     }
-    const base::UniqueHandle parent(
-        OpenProcess(SYNCHRONIZE | PROCESS_QUERY_LIMITED_INFORMATION, FALSE, own->parentId));
+    const base::UniqueHandle parent(OpenProcess(SYNCHRONIZE | PROCESS_QUERY_LIMITED_INFORMATION, FALSE, own->parentId));
     // The parent's id may already belong to another program, which is not waited for.
     if (!parent || !isInstalledSetup(base::processImagePath(parent.get()))) {
         return;

@@ -86,8 +86,8 @@ bool isSameFile(const std::wstring& a, const std::wstring& b) {
     BY_HANDLE_FILE_INFORMATION first{};
     BY_HANDLE_FILE_INFORMATION second{};
     return fileInformation(a, first) && fileInformation(b, second) &&
-           first.dwVolumeSerialNumber == second.dwVolumeSerialNumber &&
-           first.nFileIndexHigh == second.nFileIndexHigh && first.nFileIndexLow == second.nFileIndexLow;
+           first.dwVolumeSerialNumber == second.dwVolumeSerialNumber && first.nFileIndexHigh == second.nFileIndexHigh &&
+           first.nFileIndexLow == second.nFileIndexLow;
 }
 
 uint64_t fileSize(const std::wstring& path) {
@@ -112,10 +112,10 @@ std::vector<FolderEntry> listFolder(const std::wstring& folder) {
             continue;
         }
         // Not every reparse point says so in the listing, so the path is asked as well.
-        entries.push_back({name, joined(data.nFileSizeHigh, data.nFileSizeLow),
-                           hasAttribute(data.dwFileAttributes, FILE_ATTRIBUTE_DIRECTORY),
-                           hasAttribute(data.dwFileAttributes, FILE_ATTRIBUTE_REPARSE_POINT) ||
-                               isLink(joinPath(folder, name))});
+        entries.push_back(
+            {name, joined(data.nFileSizeHigh, data.nFileSizeLow),
+             hasAttribute(data.dwFileAttributes, FILE_ATTRIBUTE_DIRECTORY),
+             hasAttribute(data.dwFileAttributes, FILE_ATTRIBUTE_REPARSE_POINT) || isLink(joinPath(folder, name))});
     } while (FindNextFileW(find.get(), &data));
     return entries;
 }

@@ -1,5 +1,5 @@
-// File-system operations as the setup needs them: wide paths of any length, plain results, no exceptions. Every function
-// that fails leaves its reason in GetLastError().
+// File-system operations as the setup needs them: wide paths of any length, plain results, no exceptions. Every
+// function that fails leaves its reason in GetLastError().
 #pragma once
 
 #include <windows.h>
@@ -21,8 +21,8 @@ bool pathExists(const std::wstring& path);
 // True when `path` itself is a reparse point: a symbolic link, a junction, a mounted volume.
 bool isLink(const std::wstring& path);
 
-// The first component of `path` below `base` that is a link, or empty. What does not exist is no link. `path` has to lie
-// below `base`.
+// The first component of `path` below `base` that is a link, or empty. What does not exist is no link. `path` has to
+// lie below `base`.
 std::wstring firstLinkBelow(const std::wstring& base, const std::wstring& path);
 
 // Makes the folder and its parents. True when it is there afterwards.

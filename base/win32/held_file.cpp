@@ -56,7 +56,10 @@ HeldFile::Failure writeNewFile(const std::wstring& path, std::span<const std::by
 HeldFile HeldFile::write(const std::wstring& base, const std::wstring& path, std::span<const std::byte> bytes) {
     HeldFile held;
     held.path_ = path;
-    createFolders(parentPath(path));
+    // Looked for before any folder is made, so that none comes to lie behind a link, and again when all are there.
+    if (firstLinkBelow(base, parentPath(path)).empty()) {
+        createFolders(parentPath(path));
+    }
     if (!firstLinkBelow(base, parentPath(path)).empty()) {
         SetLastError(ERROR_REPARSE_POINT_ENCOUNTERED);
         held.failure_ = Failure::linkInPath;

@@ -19,7 +19,7 @@ UniqueHandle createProcess(const std::wstring& program, std::wstring commandLine
     PROCESS_INFORMATION process{};
     if (!CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, flags, nullptr, nullptr, &startup,
                         &process)) {
-        return UniqueHandle();
+        return {};
     }
     CloseHandle(process.hThread);
     return UniqueHandle(process.hProcess);
@@ -27,8 +27,8 @@ UniqueHandle createProcess(const std::wstring& program, std::wstring commandLine
 
 }  // namespace
 
-bool runProcessAndWait(const std::wstring& program, std::wstring_view arguments, uint32_t timeoutMs,
-                       uint32_t* exitCode, bool hidden) {
+bool runProcessAndWait(const std::wstring& program, std::wstring_view arguments, uint32_t timeoutMs, uint32_t* exitCode,
+                       bool hidden) {
     std::wstring commandLine = quoteArgument(program);
     if (!arguments.empty()) {
         commandLine.push_back(L' ');

@@ -16,10 +16,10 @@ namespace base {
 inline constexpr uint32_t kTimedOutExitCode = 124;
 
 // Runs `program` (a full path) with `arguments` appended unchanged behind its quoted path, and waits up to `timeoutMs`.
-// True only when it ended in time with 0. The exit code, where asked for: the program's own; 124 for one that was killed
-// at its limit; the system error code when it could not be started. `hidden` starts it without a visible window.
-bool runProcessAndWait(const std::wstring& program, std::wstring_view arguments, uint32_t timeoutMs,
-                       uint32_t* exitCode, bool hidden);
+// True only when it ended in time with 0. The exit code, where asked for: the program's own; 124 for one that was
+// killed at its limit; the system error code when it could not be started. `hidden` starts it without a visible window.
+bool runProcessAndWait(const std::wstring& program, std::wstring_view arguments, uint32_t timeoutMs, uint32_t* exitCode,
+                       bool hidden);
 
 // Starts `program` (a full path) with a whole command line and lets it go. False with GetLastError() on failure.
 bool startProcess(const std::wstring& program, std::wstring commandLine, bool hidden);

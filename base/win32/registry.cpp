@@ -13,8 +13,8 @@ uint32_t writeValue(HKEY root, const std::wstring& key, const std::wstring& name
     if (made != ERROR_SUCCESS) {
         return static_cast<uint32_t>(made);
     }
-    return static_cast<uint32_t>(RegSetValueExW(opened.get(), name.c_str(), 0, type, static_cast<const BYTE*>(data),
-                                                static_cast<DWORD>(bytes)));
+    return static_cast<uint32_t>(
+        RegSetValueExW(opened.get(), name.c_str(), 0, type, static_cast<const BYTE*>(data), static_cast<DWORD>(bytes)));
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <shellapi.h>
+
 #include <optional>
 
 #include "base/windows_path.h"
@@ -41,9 +43,9 @@ std::wstring environmentVariable(const wchar_t* name, std::wstring_view fallback
 }
 
 std::wstring temporaryFolder() {
-    std::wstring folder =
-        readGrowing(MAX_PATH, [](wchar_t* buffer, DWORD size) { return GetTempPathW(size, buffer); })
-            .value_or(L"C:\\Windows\\Temp");
+    std::wstring folder = readGrowing(MAX_PATH, [](wchar_t* buffer, DWORD size) {
+                              return GetTempPathW(size, buffer);
+                          }).value_or(L"C:\\Windows\\Temp");
     while (folder.size() > 3 && folder.back() == L'\\') {
         folder.pop_back();
     }
@@ -51,8 +53,7 @@ std::wstring temporaryFolder() {
 }
 
 std::wstring ownFilePath() {
-    return readGrowing(MAX_PATH,
-                       [](wchar_t* buffer, DWORD size) { return GetModuleFileNameW(nullptr, buffer, size); })
+    return readGrowing(MAX_PATH, [](wchar_t* buffer, DWORD size) { return GetModuleFileNameW(nullptr, buffer, size); })
         .value_or(L"");
 }
 
@@ -67,20 +68,29 @@ std::wstring windowsFolder() {
 
 std::wstring errorText(unsigned long code) {
     wchar_t buffer[512];
-    DWORD length = FormatMessageW(
-        FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK, nullptr, code, 0,
-        buffer, static_cast<DWORD>(std::size(buffer)), nullptr);
+    DWORD length =
+        FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK,
+                       nullptr, code, 0, buffer, static_cast<DWORD>(std::size(buffer)), nullptr);
     while (length > 0 && (buffer[length - 1] <= L' ' || buffer[length - 1] == L'.')) {
         --length;
     }
     return length > 0 ? std::wstring(buffer, length) : L"error " + std::to_wstring(code);
 }
 
+std::vector<std::wstring> processArguments() {
+    int count = 0;
+    wchar_t** split = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::wstring> arguments;
+    for (int i = 1; split != nullptr && i < count; ++i) {
+        arguments.emplace_back(split[i]);
+    }
+    LocalFree(static_cast<void*>(split));
+    return arguments;
+}
+
 std::wstring fullPathName(const std::wstring& path) {
-    return readGrowing(MAX_PATH,
-                       [&path](wchar_t* buffer, DWORD size) {
-                           return GetFullPathNameW(path.c_str(), size, buffer, nullptr);
-                       })
+    return readGrowing(MAX_PATH, [&path](wchar_t* buffer,
+                                         DWORD size) { return GetFullPathNameW(path.c_str(), size, buffer, nullptr); })
         .value_or(L"");
 }
 

@@ -1,9 +1,10 @@
-// Questions to Windows about this process and its surroundings: environment variables, its own file, the system folders,
-// error texts. None of these fails: each has a documented fallback.
+// Questions to Windows about this process and its surroundings: environment variables, its own file, the system
+// folders, error texts. None of these fails: each has a documented fallback.
 #pragma once
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace base {
 
@@ -26,6 +27,9 @@ std::wstring windowsFolder();
 // What Windows says about an error code, in one line without a final full stop or line feed; "error 5" and the like
 // where it has no text.
 std::wstring errorText(unsigned long code);
+
+// The arguments of this process as Windows splits its command line (CommandLineToArgvW), without the program itself.
+std::vector<std::wstring> processArguments();
 
 // GetFullPathNameW: the absolute form of `path` against the current folder; empty when Windows refuses it.
 std::wstring fullPathName(const std::wstring& path);

@@ -1,5 +1,5 @@
-// A program without any defence, to prove that the traps laid for the setup work: it loads a DLL and starts a program by
-// their bare names.
+// A program without any defence, to prove that the traps laid for the setup work: it loads a DLL and starts a program
+// by their bare names.
 #include <windows.h>
 
 int wmain() {

@@ -1,6 +1,6 @@
-// machine_report OUT.json [LINK...]: writes what the setup may have changed on this machine as JSON: the registry keys of
-// the product, its shortcuts (and any LINK given) with their content, the deletions pending for the next restart, and the
-// installed versions that Windows Installer knows.
+// machine_report OUT.json [LINK...]: writes what the setup may have changed on this machine as JSON: the registry keys
+// of the product, its shortcuts (and any LINK given) with their content, the deletions pending for the next restart,
+// and the installed versions that Windows Installer knows.
 #include <windows.h>
 
 #include <shlobj.h>
@@ -106,8 +106,8 @@ std::wstring linkJson(const std::wstring& path) {
     const auto add = [&](const wchar_t* name, HRESULT result) {
         members.push_back(member(name, SUCCEEDED(result) ? quoted(text) : L"null"));
     };
-    // The item list and not GetPath: that is what Explorer follows, and it holds the path in Unicode, where the text beside
-    // it is in the code page of whoever wrote the link.
+    // The item list and not GetPath: that is what Explorer follows, and it holds the path in Unicode, where the text
+    // beside it is in the code page of whoever wrote the link.
     LPITEMIDLIST items = nullptr;
     const HRESULT listed = link->GetIDList(&items);
     add(L"target", listed == S_OK && SHGetPathFromIDListW(items, text) ? S_OK : E_FAIL);
@@ -173,17 +173,17 @@ int wmain(int argc, wchar_t** argv) {
         return 2;
     }
     std::vector<std::wstring> keys;
-    for (const wchar_t* path : {velquin::kUninstallKey, LR"(Software\Vantorik)",
-                                LR"(Software\Microsoft\Windows\CurrentVersion\App Paths\Velquin.exe)",
-                                LR"(Software\Microsoft\Windows\CurrentVersion\App Paths\VelquinSetup.exe)",
-                                LR"(Software\Classes\Applications\Velquin.exe)",
-                                LR"(Software\Classes\Applications\VelquinSetup.exe)"}) {
+    for (const wchar_t* path :
+         {velquin::kUninstallKey, LR"(Software\Vantorik)",
+          LR"(Software\Microsoft\Windows\CurrentVersion\App Paths\Velquin.exe)",
+          LR"(Software\Microsoft\Windows\CurrentVersion\App Paths\VelquinSetup.exe)",
+          LR"(Software\Classes\Applications\Velquin.exe)", LR"(Software\Classes\Applications\VelquinSetup.exe)"}) {
         reportKey(path, keys);
     }
-    const std::wstring report = list({member(L"registry", list(keys, L'{', L'}')),
-                                      member(L"shortcuts", shortcutsJson({argv + 2, argv + argc})),
-                                      member(L"pending", pendingJson()), member(L"products", productsJson())},
-                                     L'{', L'}');
+    const std::wstring report =
+        list({member(L"registry", list(keys, L'{', L'}')), member(L"shortcuts", shortcutsJson({argv + 2, argv + argc})),
+              member(L"pending", pendingJson()), member(L"products", productsJson())},
+             L'{', L'}');
     const std::string utf8 = base::toUtf8(report);
     const base::UniqueFile file = base::openFile(argv[1], GENERIC_WRITE, 0, CREATE_ALWAYS);
     return file && base::writeAll(file.get(), std::as_bytes(std::span(utf8))) ? 0 : 1;

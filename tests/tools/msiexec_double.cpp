@@ -3,24 +3,15 @@
 // records what came of it in attack.log.
 #include <windows.h>
 
-#include <shellapi.h>
-
 #include "base/win32/files.h"
+#include "base/win32/system.h"
 #include "base/windows_path.h"
 #include "double.h"
 
 namespace {
 
-std::vector<std::wstring> ownArguments() {
-    int count = 0;
-    wchar_t** split = CommandLineToArgvW(GetCommandLineW(), &count);
-    std::vector<std::wstring> arguments(split, split + count);
-    LocalFree(split);
-    return arguments;
-}
-
 std::wstring installFolder() {
-    for (const std::wstring& argument : ownArguments()) {
+    for (const std::wstring& argument : base::processArguments()) {
         if (argument.starts_with(L"INSTALLFOLDER=")) {
             return argument.substr(14);
         }
@@ -50,7 +41,7 @@ void attack(const std::wstring& package) {
 
 int wmain() {
     const std::vector<std::wstring> words = doubles::beginCall(L"msiexec");
-    const std::vector<std::wstring> arguments = ownArguments();
+    const std::vector<std::wstring> arguments = base::processArguments();
     int exitCode = 0;
     for (size_t i = 0; i < words.size(); ++i) {
         if (words[i] == L"exit" && i + 1 < words.size()) {
@@ -60,8 +51,8 @@ int wmain() {
         } else if (words[i] == L"place" && !installFolder().empty()) {
             base::createFolders(installFolder());
             CopyFileW(L"C:\\doubles\\Velquin.exe", base::joinPath(installFolder(), L"Velquin.exe").c_str(), FALSE);
-        } else if (words[i] == L"attack" && arguments.size() > 2 && arguments[1] == L"/i") {
-            attack(arguments[2]);
+        } else if (words[i] == L"attack" && arguments.size() > 1 && arguments[0] == L"/i") {
+            attack(arguments[1]);
         }
     }
     return exitCode;

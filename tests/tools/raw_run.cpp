@@ -1,6 +1,6 @@
-// raw_run JOB.txt: starts a program exactly as JOB says and writes its full exit code, which a Unix parent would only see
-// modulo 256, to JOB.txt.exit ("launch N" with the error code when it cannot be started, "timeout" past its limit). JOB
-// is UTF-8: the command line, taken unchanged; the current folder; the limit in ms; then NAME=VALUE lines for the
+// raw_run JOB.txt: starts a program exactly as JOB says and writes its full exit code, which a Unix parent would only
+// see modulo 256, to JOB.txt.exit ("launch N" with the error code when it cannot be started, "timeout" past its limit).
+// JOB is UTF-8: the command line, taken unchanged; the current folder; the limit in ms; then NAME=VALUE lines for the
 // environment, a bare NAME removing a variable.
 #include <windows.h>
 

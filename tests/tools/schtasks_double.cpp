@@ -1,8 +1,6 @@
-// A double of schtasks.exe that keeps a small task list in C:\doubles\tasks.txt, a line "name<TAB>command" each. A script
-// line "exit N" fails a call with N, "sleep MS" delays it.
+// A double of schtasks.exe that keeps a small task list in C:\doubles\tasks.txt, a line "name<TAB>command" each. A
+// script line "exit N" fails a call with N, "sleep MS" delays it.
 #include <windows.h>
-
-#include <shellapi.h>
 
 #include <algorithm>
 
@@ -21,8 +19,8 @@ int perform(const std::vector<std::wstring>& arguments) {
     };
     const std::wstring name = valueOf(arguments, L"/TN");
     std::vector<std::wstring> tasks = doubles::readLines(L"tasks.txt");
-    const auto known = std::ranges::find_if(
-        tasks, [&name](const std::wstring& line) { return line.starts_with(name + L"\t"); });
+    const auto known =
+        std::ranges::find_if(tasks, [&name](const std::wstring& line) { return line.starts_with(name + L"\t"); });
     if (has(L"/Query")) {
         return known != tasks.end() ? 0 : 1;
     }

@@ -1,6 +1,6 @@
-// worker_attacker PROGRAM SECONDS: watches the temporary folder for the setup's uninstall worker and tries without pause
-// to put PROGRAM in its place, by writing over it, by deleting or by renaming it. Writes to C:\attacker.txt how often it
-// saw the worker and how often it was refused, and ends after SECONDS or when C:\attacker-stop.txt appears.
+// worker_attacker PROGRAM SECONDS: watches the temporary folder for the setup's uninstall worker and tries without
+// pause to put PROGRAM in its place, by writing over it, by deleting or by renaming it. Writes to C:\attacker.txt how
+// often it saw the worker and how often it was refused, and ends after SECONDS or when C:\attacker-stop.txt appears.
 #include <windows.h>
 
 #include <string>
@@ -25,8 +25,7 @@ int wmain(int argc, wchar_t** argv) {
             }
             ++seen;
             const std::wstring worker = base::joinPath(folder, entry.name);
-            const bool replaced =
-                CopyFileW(argv[1], worker.c_str(), FALSE) || DeleteFileW(worker.c_str());
+            const bool replaced = CopyFileW(argv[1], worker.c_str(), FALSE) || DeleteFileW(worker.c_str());
             refused += replaced ? 0 : 1;
         }
     }

@@ -1,0 +1,148 @@
+#!/usr/bin/env python3
+"""Measures speed and size. Every figure is a ratio to a peer measured in the same run, or a size, and has a limit; the
+exit code is 1 when one is exceeded. Times themselves depend on the machine and are only printed."""
+import json
+import statistics
+import subprocess
+import sys
+import threading
+import time
+from pathlib import Path
+
+import pefile
+
+REPO = Path(__file__).resolve().parents[1]
+sys.path.insert(0, str(REPO / "tools" / "wine"))
+from machine import BIN, DATA, Machine  # noqa: E402
+
+INSTALL_RATIO = 1.5
+START_RATIO = 2.0
+SIZE_LIMIT = 1.5 * 1024 * 1024
+PORTABLE_RATIOS = {"utf8": 8.0, "json_lookup": 2.0, "quoting": 4.0}
+
+exceeded = []
+
+
+def line(name, value, limit, unit="", detail=""):
+    ok = value <= limit
+    if not ok:
+        exceeded.append(name)
+    print(f"  {name:<44} {value:10,.2f} {unit:<6} limit {limit:10,.2f}  {'ok' if ok else 'EXCEEDED'}  {detail}")
+
+
+def median_times(machine, rounds, commands):
+    """Runs the commands in turn and gives the median time of each measured one in ms."""
+    machine.write(r"C:\bench.txt", "\n".join([str(rounds), *commands]))
+    machine.wine(BIN / "process_timer.exe", r"C:\bench.txt", r"C:\bench.out", timeout=600)
+    times = {}
+    for entry in machine.read(r"C:\bench.out").splitlines():
+        if entry.startswith("failed"):
+            sys.exit(f"a measured program failed: {entry} of {commands}")
+        number, microseconds = map(int, entry.split())
+        times.setdefault(number, []).append(microseconds / 1000)
+    return [statistics.median(times[number]) for number in sorted(times)]
+
+
+def bench_install(machine):
+    package = r"C:\bench\Velquin.msi"
+    machine.put(REPO / "build/win64/installer/Velquin.msi", package)
+    code = next(value for name, value in machine_properties() if name == "ProductCode")
+    msiexec = r"C:\windows\system32\msiexec.exe"
+    bare, whole = median_times(machine, 7, [
+        rf"{msiexec} /i {package} /qn /norestart",
+        rf"~{msiexec} /x {code} /qn /norestart",
+        r"C:\setup\VelquinSetup.exe --install --no-start",
+        r"~C:\setup\VelquinSetup.exe --uninstall",
+    ])
+    line("--install to bare msiexec /i", whole / bare, INSTALL_RATIO, "",
+         f"({whole:.0f} ms to {bare:.0f} ms, medians of 7)")
+
+
+def machine_properties():
+    table = subprocess.run(["msiinfo", "export", str(REPO / "build/win64/installer/Velquin.msi"), "Property"],
+                           capture_output=True, text=True, check=True).stdout
+    return [row.split("\t", 1) for row in table.replace("\r", "").splitlines() if "\t" in row]
+
+
+def print_steps(machine):
+    """The share of each step of one install, from the moments at which its log lines appear."""
+    path = machine.unix(DATA + r"\velquin.log")
+    start_size = path.stat().st_size
+    moments = []
+
+    def watch():
+        seen = start_size
+        while not done.is_set():
+            size = path.stat().st_size
+            if size != seen:
+                moments.append((time.perf_counter(), size))
+                seen = size
+            time.sleep(0.0005)
+
+    done = threading.Event()
+    watcher = threading.Thread(target=watch)
+    watcher.start()
+    began = time.perf_counter()
+    machine.setup("--install --no-start")
+    ended = time.perf_counter()
+    done.set()
+    watcher.join()
+    content = path.read_bytes()
+    previous = began
+    for moment, size in moments:
+        written = content[start_size:size].decode("utf-8", "replace").splitlines()
+        text = written[-1].split("  ", 2)[-1] if written else "?"
+        print(f"      {100 * (moment - previous) / (ended - began):5.1f} %  until: {text[:96]}")
+        previous = moment
+    print(f"      {100 * (ended - previous) / (ended - began):5.1f} %  until the process has ended")
+
+
+def bench_start(machine):
+    machine.put(BIN / "empty_program.exe", r"C:\setup\empty_program.exe")
+    empty, ours = median_times(machine, 31, [r"C:\setup\empty_program.exe", r"1|C:\setup\VelquinSetup.exe --self-test"])
+    line("start to exit of --self-test to an empty program", ours / empty, START_RATIO, "",
+         f"({ours:.1f} ms to {empty:.1f} ms, medians of 31)")
+
+
+def bench_size():
+    pe = pefile.PE(str(BIN / "VelquinSetup.exe"))
+    payloads = 0
+    for kind in pe.DIRECTORY_ENTRY_RESOURCE.entries:
+        if str(kind.name) == "TAVIPAYLOAD":
+            payloads = sum(entry.directory.entries[0].data.struct.Size for entry in kind.directory.entries)
+    total = (BIN / "VelquinSetup.exe").stat().st_size
+    if not payloads:
+        sys.exit("VelquinSetup.exe carries no payloads: the size says nothing")
+    line("VelquinSetup.exe without its payloads", (total - payloads) / 1024, SIZE_LIMIT / 1024, "KiB",
+         f"({total / 1024:.0f} KiB with them)")
+
+
+def bench_portable():
+    run = subprocess.run([str(REPO / "build/native-release/bin/portable_bench"), "--benchmark_format=json",
+                          "--benchmark_min_time=0.2s"], capture_output=True, text=True, check=True)
+    times = {entry["name"]: entry["cpu_time"] for entry in json.loads(run.stdout)["benchmarks"]}
+    for group, limit in PORTABLE_RATIOS.items():
+        line(f"{group} to its plainest peer", times[f"{group}/ours"] / times[f"{group}/peer"], limit)
+
+
+def main():
+    print("Size")
+    bench_size()
+    print("Portable code")
+    bench_portable()
+    machine = Machine("bench")
+    try:
+        print("Under Wine")
+        bench_start(machine)
+        bench_install(machine)
+        print("    one install, step by step")
+        print_steps(machine)
+    finally:
+        machine.stop()
+    if exceeded:
+        print("exceeded: " + ", ".join(exceeded))
+    return 1 if exceeded else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,90 @@
+// Benchmarks of the portable code, each beside a peer that does the least such work can be: bench.py prints their
+// ratios. A name is "group/ours" or "group/peer".
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <string>
+
+#include "base/argument_quoting.h"
+#include "base/json_text.h"
+#include "base/text.h"
+
+namespace {
+
+std::wstring sampleText() {
+    std::wstring text;
+    while (text.size() < 1 << 16) {
+        text += L"C:\\Program Files\\Lumora Velquin\\skins\\01.json größer 日本 ";
+    }
+    return text;
+}
+
+void utf8Ours(benchmark::State& state) {
+    const std::wstring text = sampleText();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(base::toUtf8(text));
+    }
+}
+BENCHMARK(utf8Ours)->Name("utf8/ours");
+
+void utf8Peer(benchmark::State& state) {
+    const std::wstring text = sampleText();
+    for (auto _ : state) {
+        std::string copy;
+        copy.reserve(text.size());
+        for (const wchar_t c : text) {
+            copy.push_back(static_cast<char>(c));
+        }
+        benchmark::DoNotOptimize(copy);
+    }
+}
+BENCHMARK(utf8Peer)->Name("utf8/peer");
+
+// A file of a megabyte in which the key stands last, as a lookup's worst case.
+std::wstring jsonText() {
+    std::wstring text = L"{";
+    while (text.size() < 1 << 20) {
+        text += L"\"name\": \"value with \\\"quotes\\\"\",\n";
+    }
+    return text + L"\"last\": \"found\"}";
+}
+
+void jsonOurs(benchmark::State& state) {
+    const std::wstring text = jsonText();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(base::readJsonString(text, L"last"));
+    }
+}
+BENCHMARK(jsonOurs)->Name("json_lookup/ours");
+
+void jsonPeer(benchmark::State& state) {
+    const std::wstring text = jsonText();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(text.find(L"\"last\""));
+    }
+}
+BENCHMARK(jsonPeer)->Name("json_lookup/peer");
+
+void quoteOurs(benchmark::State& state) {
+    const std::wstring text = sampleText();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(base::quoteArgument(text));
+    }
+}
+BENCHMARK(quoteOurs)->Name("quoting/ours");
+
+void quotePeer(benchmark::State& state) {
+    const std::wstring text = sampleText();
+    for (auto _ : state) {
+        std::wstring copy;
+        for (const wchar_t c : text) {
+            copy.push_back(c);
+        }
+        benchmark::DoNotOptimize(copy);
+    }
+}
+BENCHMARK(quotePeer)->Name("quoting/peer");
+
+}  // namespace
+
+BENCHMARK_MAIN();

@@ -1,0 +1,88 @@
+#!/usr/bin/env python3
+"""The shipped skin catalogs are JSON that a reader can rely on: complete skins with unique ids, in the right catalog."""
+import json
+import re
+import sys
+
+from sources import REPO, report
+
+CATALOGS = {
+    "00-tavi-default-skins.json": """solvane board-default lumora-forge command-alloy obsidian-atelier carmine-rose
+        graphite-harbor win11-auto win11-dark win11-light arctic-instrument ember-console ultraviolet-rift verdant-ops
+        navy-copper-desk porcelain-ink industrial-safety kestrune kestrune-3d kestrune-rift classic""",
+    "01-tavi-black-gemstone-skins.json": """emerald-black ruby-black sapphire-black amber-black neon-glass-black
+        neon-rose-black""",
+    "02-tavi-material-gallery-skins.json": """granite-black marble-noir onyx-vein malachite-temple lapis-lazuli-black
+        alabaster-ink basalt-forge slate-circuit travertine-amber tiger-eye-console diamond-night amethyst-black
+        aquamarine-depths topaz-black garnet-blood opal-dark peridot-black tanzanite-night moonstone-shadow brushed-steel
+        gunmetal-blue titanium-black copper-obsidian brass-night gold-onyx rose-gold-black chrome-noir tungsten-carbon""",
+    "03-tavi-windows11-modern-skins.json": "win11-modern-auto win11-modern-black win11-modern-white",
+}
+COLORS = """frame shell panel header control control_hot control_pressed border accent accent_hot text text_hot muted_text
+    disabled_text disabled_fill""".split()
+FONTS = {"ui_font_family": str, "ui_point_size": int, "ui_weight": int, "mono_font_family": str, "mono_point_size": int,
+         "mono_weight": int}
+# The setup's own default has to be there from the start.
+NEEDED = {"verdant-ops"}
+
+
+def without_duplicates(pairs):
+    keys = [key for key, _ in pairs]
+    if len(keys) != len(set(keys)):
+        raise ValueError(f"a key stands twice among {keys}")
+    return dict(pairs)
+
+
+def skin_problems(skin):
+    for key in ("id", "name", "description", "category", "harmony", "surface_mode"):
+        if not isinstance(skin.get(key), str) or not skin[key]:
+            yield f"{key} is missing"
+    theme = skin.get("theme", {})
+    for color in COLORS:
+        if not re.fullmatch(r"#[0-9A-Fa-f]{6}", str(theme.get(color))):
+            yield f"theme.{color} is {theme.get(color)}"
+    for font, kind in FONTS.items():
+        if not isinstance(theme.get(font), kind):
+            yield f"theme.{font} is {theme.get(font)}"
+
+
+def luminance(color):
+    channels = [int(color[i:i + 2], 16) / 255 for i in (1, 3, 5)]
+    linear = [c / 12.92 if c <= 0.04045 else ((c + 0.055) / 1.055) ** 2.4 for c in channels]
+    return 0.2126 * linear[0] + 0.7152 * linear[1] + 0.0722 * linear[2]
+
+
+def contrast_problems(theme):
+    """WCAG 2.1: 4.5 to 1 for text, 3 to 1 for what is secondary."""
+    for text, wanted in (("text", 4.5), ("muted_text", 3.0), ("disabled_text", 3.0)):
+        for ground in ("shell", "panel", "control"):
+            lighter, darker = sorted((luminance(theme[text]), luminance(theme[ground])), reverse=True)
+            if (lighter + 0.05) / (darker + 0.05) < wanted:
+                yield f"{text} on {ground} has a contrast below {wanted}"
+
+
+def main():
+    problems, seen = [], set()
+    folder = REPO / "resources" / "skins"
+    if sorted(path.name for path in folder.iterdir()) != sorted(CATALOGS):
+        problems.append(f"the catalogs are {sorted(path.name for path in folder.iterdir())}")
+    for name, ids in CATALOGS.items():
+        try:
+            document = json.loads((folder / name).read_text(encoding="utf-8"), object_pairs_hook=without_duplicates)
+        except ValueError as error:
+            problems.append(f"{name}: {error}")
+            continue
+        found = [skin.get("id") for skin in document["skins"]]
+        problems += [f"{name}: {id_} is not a skin of this catalog" for id_ in found if id_ not in ids.split()]
+        if not found or len(set(found)) != len(found):
+            problems.append(f"{name}: ids {found}")
+        seen |= set(found)
+        for skin in document["skins"]:
+            found_problems = list(skin_problems(skin)) or list(contrast_problems(skin["theme"]))
+            problems += [f"{name}: {skin.get('id')}: {problem}" for problem in found_problems]
+    problems += [f"{id_} is missing" for id_ in NEEDED - seen]
+    return report(problems, f"{len(seen)} skins")
+
+
+if __name__ == "__main__":
+    sys.exit(main())
