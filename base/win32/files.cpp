@@ -39,6 +39,18 @@ bool deleteEntry(const std::wstring& path) {
     return DeleteFileW(extended.c_str()) != 0;
 }
 
+// Removes an empty folder, even one with the read-only attribute.
+bool removeEmptyFolder(const std::wstring& folder) {
+    const std::wstring extended = extendedLengthPath(folder);
+    if (RemoveDirectoryW(extended.c_str())) {
+        return true;
+    }
+    const DWORD attributes = GetFileAttributesW(extended.c_str());
+    return hasAttribute(attributes, FILE_ATTRIBUTE_READONLY) &&
+           SetFileAttributesW(extended.c_str(), attributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY)) &&
+           RemoveDirectoryW(extended.c_str());
+}
+
 }  // namespace
 
 bool pathExists(const std::wstring& path) {
@@ -165,7 +177,7 @@ bool removeTree(const std::wstring& folder, const std::function<void(const std::
             }
         }
     }
-    return RemoveDirectoryW(extendedLengthPath(folder).c_str()) != 0 && complete;
+    return removeEmptyFolder(folder) && complete;
 }
 
 }  // namespace base
