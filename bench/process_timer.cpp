@@ -7,10 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "base/text.h"
 #include "base/win32/files.h"
-#include "base/win32/held_file.h"
 #include "base/win32/unique_handle.h"
+#include "tests/tools/text_lines.h"
 
 namespace {
 
@@ -19,18 +18,6 @@ struct Job {
     bool measured = true;
     DWORD expectedCode = 0;
 };
-
-std::vector<std::wstring> readLines(const std::wstring& path) {
-    std::vector<std::wstring> lines;
-    const auto bytes = base::readWholeFile(path).value_or(std::vector<std::byte>());
-    const std::wstring text = base::toWide({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
-    for (size_t start = 0; start < text.size();) {
-        const size_t end = std::min(text.find(L'\n', start), text.size());
-        lines.push_back(text.substr(start, end - start));
-        start = end + 1;
-    }
-    return lines;
-}
 
 Job parse(std::wstring line) {
     Job job;
@@ -94,7 +81,7 @@ int wmain(int argc, wchar_t** argv) {
     if (argc < 3) {
         return 2;
     }
-    const std::vector<std::wstring> lines = readLines(argv[1]);
+    const std::vector<std::wstring> lines = readTextLines(argv[1]);
     std::vector<Job> jobs;
     for (size_t i = 1; i < lines.size(); ++i) {
         jobs.push_back(parse(lines[i]));

@@ -30,7 +30,9 @@ std::wstring describe(const CommandLine& line, const std::wstring& config) {
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int) {
-    SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
+    if (!SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32)) {
+        return 1;
+    }
     SetCurrentProcessExplicitAppUserModelID(velquin::kAppUserModelId);
     const CommandLine line = velquin::app::parseCommandLine(base::processArguments());
     const std::wstring config = line.config.empty() ? velquin::configurationFile() : line.config;

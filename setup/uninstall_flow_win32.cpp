@@ -39,8 +39,26 @@ void removeStartMenuShortcut(const std::wstring& linkPath) {
     RemoveDirectoryW(base::extendedLengthPath(base::parentPath(linkPath)).c_str());
 }
 
+// False when the file could be deleted neither now nor at the next restart.
+bool removeInstalledFile(const std::wstring& file) {
+    if (!base::pathExists(file)) {
+        writeSetupLog(L"file already gone: " + file);
+        return true;
+    }
+    if (!deleteFileOrScheduleOnReboot(file)) {
+        writeSetupLog(L"delete failed: " + file);
+        return false;
+    }
+    if (!base::pathExists(file)) {
+        writeSetupLog(L"file deleted: " + file);
+    }
+    return true;
+}
+
 void removeEmptyInstallFolder(const std::wstring& folder) {
-    if (RemoveDirectoryW(base::extendedLengthPath(folder).c_str())) {
+    if (!base::pathExists(folder)) {
+        writeSetupLog(L"install folder already gone: " + folder);
+    } else if (RemoveDirectoryW(base::extendedLengthPath(folder).c_str())) {
         writeSetupLog(L"install folder removed: " + folder);
     } else if (GetLastError() != ERROR_FILE_NOT_FOUND) {
         scheduleDeleteOnReboot(folder);
@@ -75,22 +93,15 @@ int removeInstalledFiles(bool removeConfig) {
     removeLegacyStartMenuShortcut();
     deleteShortcut(paths.desktopShortcut());
     deleteRegistration();
+    removeFolder(skinsFolder());
+    removeFolder(assetsFolder());
     int code = kExitOk;
-    if (base::folderExists(folder)) {
-        removeFolder(skinsFolder());
-        removeFolder(assetsFolder());
-        for (const std::wstring& file : {installedApp(), installedSetup()}) {
-            if (deleteFileOrScheduleOnReboot(file)) {
-                writeSetupLog(L"file removed or scheduled for removal: " + file);
-            } else {
-                writeSetupLog(L"delete failed: " + file);
-                code = kExitFilesLeft;
-            }
+    for (const std::wstring& file : {installedApp(), installedSetup()}) {
+        if (!removeInstalledFile(file)) {
+            code = kExitFilesLeft;
         }
-        removeEmptyInstallFolder(folder);
-    } else {
-        writeSetupLog(L"install folder already gone: " + folder);
     }
+    removeEmptyInstallFolder(folder);
     if (removeConfig) {
         removeUserData();
     }

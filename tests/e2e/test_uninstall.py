@@ -15,7 +15,7 @@ def test_from_the_install_folder_the_temporary_copy_does_the_work(machine):
     assert_in_order(machine.log(), "setup 1.0.188 started: mode=uninstall", "temp uninstall worker launched: ",
                     "setup finished: exit=0", "setup 1.0.188 started: mode=uninstall", "uninstall started",
                     "msiexec launch uninstall: /x ", "registry key deleted: ",
-                    "file removed or scheduled for removal: ", "install folder removed: ", "MSI uninstall ok",
+                    "file deleted: ", "install folder removed: ", "MSI uninstall ok",
                     "scheduled delete on reboot: ", "setup finished: exit=0")
     assert "--temp-uninstall-worker" in [line for line in machine.log() if line.startswith("setup 1.0.188")][-1]
     pending = machine.report()["pending"]

@@ -6,8 +6,8 @@
 
 #include "base/text.h"
 #include "base/win32/files.h"
-#include "base/win32/held_file.h"
 #include "base/windows_path.h"
+#include "text_lines.h"
 
 namespace doubles {
 namespace {
@@ -16,24 +16,10 @@ std::wstring pathOf(const std::wstring& fileName) {
     return base::joinPath(kFolder, fileName);
 }
 
-std::vector<std::wstring> split(const std::wstring& text, wchar_t separator) {
-    std::vector<std::wstring> parts;
-    for (size_t start = 0; start < text.size();) {
-        const size_t end = std::min(text.find(separator, start), text.size());
-        parts.push_back(text.substr(start, end - start));
-        start = end + 1;
-    }
-    return parts;
-}
-
 }  // namespace
 
 std::vector<std::wstring> readLines(const std::wstring& fileName) {
-    const auto bytes = base::readWholeFile(pathOf(fileName));
-    if (!bytes) {
-        return {};
-    }
-    return split(base::toWide({reinterpret_cast<const char*>(bytes->data()), bytes->size()}), L'\n');
+    return readTextLines(pathOf(fileName));
 }
 
 void appendLine(const std::wstring& fileName, const std::wstring& line) {
@@ -54,7 +40,7 @@ std::vector<std::wstring> beginCall(const std::wstring& name) {
     const size_t call = readLines(name + L".log").size();
     appendLine(name + L".log", GetCommandLineW());
     const std::vector<std::wstring> script = readLines(name + L".script");
-    return script.empty() ? std::vector<std::wstring>() : split(script[std::min(call, script.size() - 1)], L' ');
+    return script.empty() ? std::vector<std::wstring>() : splitText(script[std::min(call, script.size() - 1)], L' ');
 }
 
 }  // namespace doubles

@@ -7,26 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "base/text.h"
 #include "base/win32/files.h"
-#include "base/win32/held_file.h"
+#include "text_lines.h"
 
 namespace {
-
-std::vector<std::wstring> readLines(const std::wstring& path) {
-    std::vector<std::wstring> lines;
-    const auto bytes = base::readWholeFile(path);
-    if (!bytes) {
-        return lines;
-    }
-    std::wstring text = base::toWide({reinterpret_cast<const char*>(bytes->data()), bytes->size()});
-    for (size_t start = 0; start < text.size();) {
-        const size_t end = std::min(text.find(L'\n', start), text.size());
-        lines.push_back(text.substr(start, end - start));
-        start = end + 1;
-    }
-    return lines;
-}
 
 std::string run(std::vector<std::wstring>& job) {
     for (size_t i = 3; i < job.size(); ++i) {
@@ -54,7 +38,7 @@ std::string run(std::vector<std::wstring>& job) {
 }  // namespace
 
 int wmain(int argc, wchar_t** argv) {
-    std::vector<std::wstring> job = argc > 1 ? readLines(argv[1]) : std::vector<std::wstring>();
+    std::vector<std::wstring> job = argc > 1 ? readTextLines(argv[1]) : std::vector<std::wstring>();
     if (job.size() < 3) {
         return 2;
     }

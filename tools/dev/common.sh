@@ -9,21 +9,17 @@ die() {
   exit 1
 }
 
-# quietly WHAT LOG CMD...: runs CMD with its output in LOG, says WHAT first and a sign of life every half minute, and
-# shows the end of LOG when CMD fails. Returns CMD's exit code.
+# quietly WHAT LOG CMD...: runs CMD with its output in LOG, says WHAT first and a sign of life every half minute. Returns
+# CMD's exit code.
 quietly() {
   local what=$1 log=$2 started=$SECONDS ticker code=0
   shift 2
   say "$what …"
-  (while sleep 30; do say "  still at it ($((SECONDS - started)) s)"; done) &
+  (while sleep 30 && kill -0 $$ 2>/dev/null; do say "  still at it ($((SECONDS - started)) s)"; done) &
   ticker=$!
   "$@" >"$log" 2>&1 </dev/null || code=$?
   kill "$ticker" 2>/dev/null
   wait "$ticker" 2>/dev/null || true
-  if [ "$code" -ne 0 ]; then
-    tail -n 15 "$log" >&2
-  else
-    say "  done ($((SECONDS - started)) s)"
-  fi
+  [ "$code" -ne 0 ] || say "  done ($((SECONDS - started)) s)"
   return "$code"
 }

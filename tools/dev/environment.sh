@@ -31,7 +31,7 @@ debian_version() { # prints the major version of this Debian, 0 for anything els
 
 environment_ensure() {
   [ "$(uname -m)" = x86_64 ] || die "unsupported system: $(uname -m). The tools need an x86-64 machine."
-  [ "$(id -u)" = 0 ] || die "not root. Run it as root: sudo ./dev ${command_hint:-…} (packages and mounts need it)."
+  [ "$(id -u)" = 0 ] || die "not root. Run it as root: sudo ./dev (packages and mounts need it)."
   if is_inside_tool_root; then
     [ "$(cat "$tool_mark")" = "$(package_hash)" ] ||
       die "the package list changed since this tool root was made. Leave it and run ./dev outside."
@@ -66,7 +66,7 @@ install_packages() {
 explain_package_failure() { # $1 the log
   if grep -qE 'No space left|enough free space' "$1"; then
     die "no disk space while installing packages. Free some and run ./dev again (log: $1)."
-  elif grep -qE "resolve|Could not connect|Failed to fetch|Unable to connect|Network is unreachable|Couldn't download" "$1"; then
+  elif grep -qE "resolve|Could not connect|Failed to fetch|Unable to connect|Network is unreachable|Couldn't download|Failed getting release file" "$1"; then
     die "no network: the Debian mirror cannot be reached. Check the connection and the apt sources, then run ./dev again (log: $1)."
   fi
   tail -n 8 "$1" >&2
@@ -122,9 +122,11 @@ make_tool_root() {
   if ! command -v debootstrap >/dev/null; then
     quietly "installing debootstrap" "$log.out" install_packages "$log" debootstrap || explain_package_failure "$log"
   fi
+  # debootstrap mounts things in the root: privately, so that an interrupted run leaves nothing mounted.
+  local bootstrap=(unshare --mount --propagation private --fork --kill-child debootstrap --variant=minbase "$tool_suite" "$tool_root")
   mirror=$(host_mirror)
-  quietly "base system" "$log" debootstrap --variant=minbase "$tool_suite" "$tool_root" ${mirror:+"$mirror"} ||
-    quietly "base system, from the default mirror" "$log" debootstrap --variant=minbase "$tool_suite" "$tool_root" ||
+  quietly "base system" "$log" "${bootstrap[@]}" ${mirror:+"$mirror"} ||
+    quietly "base system, from the default mirror" "$log" "${bootstrap[@]}" ||
     explain_package_failure "$log"
   printf '127.0.0.1 localhost\n' >"$tool_root/etc/hosts" # debootstrap leaves none
   printf '#!/bin/sh\nexit 101\n' >"$tool_root/usr/sbin/policy-rc.d"

@@ -12,7 +12,7 @@ build() { # PRESET [TARGET...]
   mkdir -p "$repo/build"
   if [ ! -f "$repo/build/$preset/build.ninja" ]; then
     (cd "$repo" && quietly "configuring $preset" "$repo/build/$preset.configure.log" cmake --preset "$preset") ||
-      die "configuring failed; see build/$preset.configure.log"
+      { tail -n 15 "$repo/build/$preset.configure.log" >&2; die "configuring failed; see build/$preset.configure.log"; }
   fi
   say "building $preset …"
   cmake "${arguments[@]}" >"$repo/build/$preset.build.log" 2>&1 </dev/null || {
@@ -57,7 +57,7 @@ command_test() {
 }
 
 command_bench() {
-  build native-release
+  build native-release portable_bench
   build win64
   with_display python3 "$repo/bench/bench.py"
 }
