@@ -1,5 +1,7 @@
 #include <windows.h>
 
+#include <algorithm>
+
 #include "base/win32/unique_handle.h"
 #include "base/windows_path.h"
 #include "core/delayed_delete.h"
@@ -11,6 +13,23 @@ namespace {
 
 constexpr wchar_t kSessionManagerKey[] = LR"(SYSTEM\CurrentControlSet\Control\Session Manager)";
 constexpr wchar_t kPendingRenames[] = L"PendingFileRenameOperations";
+
+// Others may add to the list between asking for its size and reading it.
+LSTATUS readPendingRenames(HKEY key, std::wstring& stored) {
+    DWORD type = 0;
+    LSTATUS result = ERROR_MORE_DATA;
+    while (result == ERROR_MORE_DATA) {
+        DWORD bytes = 0;
+        result = RegQueryValueExW(key, kPendingRenames, nullptr, &type, nullptr, &bytes);
+        if (result != ERROR_SUCCESS) {
+            return result;
+        }
+        stored.resize(bytes / sizeof(wchar_t));
+        result = RegQueryValueExW(key, kPendingRenames, nullptr, &type, reinterpret_cast<BYTE*>(stored.data()), &bytes);
+        stored.resize(std::min<size_t>(stored.size(), bytes / sizeof(wchar_t)));
+    }
+    return result == ERROR_SUCCESS && type != REG_MULTI_SZ ? ERROR_INVALID_DATATYPE : result;
+}
 
 }  // namespace
 
@@ -34,17 +53,16 @@ bool deleteFileOrScheduleOnReboot(const std::wstring& path) {
 
 void cancelDeleteOnReboot(const std::vector<std::wstring>& paths) {
     base::UniqueRegistryKey key;
-    DWORD bytes = 0;
-    DWORD type = 0;
-    if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, kSessionManagerKey, 0, KEY_QUERY_VALUE | KEY_SET_VALUE, key.put()) !=
-            ERROR_SUCCESS ||
-        RegQueryValueExW(key.get(), kPendingRenames, nullptr, &type, nullptr, &bytes) != ERROR_SUCCESS ||
-        type != REG_MULTI_SZ) {
-        return;
+    std::wstring stored;
+    LSTATUS result =
+        RegOpenKeyExW(HKEY_LOCAL_MACHINE, kSessionManagerKey, 0, KEY_QUERY_VALUE | KEY_SET_VALUE, key.put());
+    if (result == ERROR_SUCCESS) {
+        result = readPendingRenames(key.get(), stored);
     }
-    std::wstring stored(bytes / sizeof(wchar_t), L'\0');
-    if (RegQueryValueExW(key.get(), kPendingRenames, nullptr, &type, reinterpret_cast<BYTE*>(stored.data()), &bytes) !=
-        ERROR_SUCCESS) {
+    if (result != ERROR_SUCCESS) {
+        if (result != ERROR_FILE_NOT_FOUND) {
+            writeSetupLog(L"pending deletes cannot be read: error=" + std::to_wstring(result));
+        }
         return;
     }
     std::vector<std::wstring> strings = parsePendingRenames(stored);
@@ -52,7 +70,6 @@ void cancelDeleteOnReboot(const std::vector<std::wstring>& paths) {
     if (removed.empty()) {
         return;
     }
-    LSTATUS result = ERROR_SUCCESS;
     if (strings.empty()) {
         result = RegDeleteValueW(key.get(), kPendingRenames);
     } else {

@@ -61,7 +61,8 @@ std::wstring passwordFile();
 
 std::wstring defaultInstallFolder();
 
-// The value InstallLocation of the uninstall key, normalised; nothing where it is missing, empty or no string.
+// The value InstallLocation of the uninstall key, normalised; nothing where it is missing, empty, no string, no full
+// path or a root.
 std::optional<std::wstring> registeredInstallFolder();
 
 // The override of a running flow, else the registered install folder, else the default one.

@@ -3,6 +3,7 @@
 
 #include <shlobj.h>
 
+#include "base/text.h"
 #include "base/win32/registry.h"
 #include "base/win32/system.h"
 #include "base/windows_path.h"
@@ -82,10 +83,12 @@ std::wstring defaultInstallFolder() {
 }
 
 std::optional<std::wstring> registeredInstallFolder() {
-    const auto stored =
-        base::readRegistryString(HKEY_LOCAL_MACHINE, kUninstallKey, L"InstallLocation", kInstallLocationLimitBytes);
-    std::wstring folder = normalizePathText(stored.value_or(L""));
-    return folder.empty() ? std::nullopt : std::optional(std::move(folder));
+    const std::wstring stored =
+        base::readRegistryString(HKEY_LOCAL_MACHINE, kUninstallKey, L"InstallLocation", kInstallLocationLimitBytes)
+            .value_or(L"");
+    // Text from the registry is not trusted: an uninstall deletes in this folder. A relative path or a root is none.
+    const std::wstring folder = base::isFullyQualified(base::trimmed(stored)) ? normalizePathText(stored) : L"";
+    return folder.size() > base::rootLength(folder) ? std::optional(folder) : std::nullopt;
 }
 
 std::wstring resolveInstallDir() {

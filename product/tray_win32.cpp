@@ -53,6 +53,7 @@ void showMenu(HWND window) {
     SetForegroundWindow(window);
     const int command = TrackPopupMenu(menu, TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, position.x, position.y, 0,
                                        window, nullptr);
+    PostMessageW(window, WM_NULL, 0, 0);  // else the menu would not open a second time
     DestroyMenu(menu);
     if (command == kExitCommand) {
         PostMessageW(window, WM_CLOSE, 0, 0);

@@ -34,12 +34,18 @@ bool copyFileReplace(const std::wstring& source, const std::wstring& target) {
 void removeLegacyStartMenuShortcut() {
     const std::wstring link = userPaths().legacyStartMenuShortcut();
     deleteShortcut(link);
-    // Only succeeds for an empty folder: what others keep there stays.
-    RemoveDirectoryW(base::extendedLengthPath(base::parentPath(link)).c_str());
+    removeFolderIfEmpty(base::parentPath(link));
+}
+
+void removeFolderIfEmpty(const std::wstring& folder) {
+    if (RemoveDirectoryW(base::extendedLengthPath(folder).c_str())) {
+        writeSetupLog(L"empty folder removed: " + folder);
+    }
 }
 
 void removeFolder(const std::wstring& folder) {
     if (!base::pathExists(folder)) {
+        writeSetupLog(L"folder not there: " + folder);
         return;
     }
     const bool removed = base::removeTree(

@@ -29,7 +29,4 @@ void launchInstalledApp();
 // True when the uninstall entry exists or the application's file is in the install folder.
 bool isProductInstalled();
 
-// Copies a file over another, making folders. True when source and target already are one file. Logs what failed.
-bool copyFileReplace(const std::wstring& source, const std::wstring& target);
-
 }  // namespace velquin::setup

@@ -19,6 +19,7 @@
 #include "setup/install_folder.h"
 #include "setup/msi.h"
 #include "setup/msi_command.h"
+#include "setup/own_file.h"
 #include "setup/payload.h"
 #include "setup/payload_table.h"
 #include "setup/registration.h"
@@ -50,7 +51,7 @@ bool updateStartup(bool startWithWindows) {
 }
 
 bool copySetup() {
-    return copyFileReplace(ownFile(), installedSetup());
+    return holdOwnFile() && copyFileReplace(ownFile(), installedSetup());
 }
 
 bool msiInstall(const std::wstring& action, bool desktopShortcut, bool startWithWindows, const std::wstring& folder) {
@@ -131,16 +132,23 @@ uint64_t neededBytes() {
     return 2 * base::fileSize(ownFile());
 }
 
-// After a move to another folder only the setup copy of the old place is left, which no package owns, and folders. What
-// the user keeps there stays.
+// After a move to another folder the package's files are gone from the old one. The setup copy is left, which no
+// package owns, and folders. What the user keeps there stays.
 void removeRemains(const std::wstring& oldFolder) {
     writeSetupLog(L"moved from: " + oldFolder);
-    deleteFileOrScheduleOnReboot(base::joinPath(oldFolder, kSetupFileName));
-    for (const wchar_t* name : {L"skins", L"assets"}) {
-        RemoveDirectoryW(base::extendedLengthPath(base::joinPath(oldFolder, name)).c_str());
+    const std::wstring oldSetup = base::joinPath(oldFolder, kSetupFileName);
+    if (deleteFileOrScheduleOnReboot(oldSetup) && !base::pathExists(oldSetup)) {
+        writeSetupLog(L"file deleted: " + oldSetup);
     }
-    const bool removed = RemoveDirectoryW(base::extendedLengthPath(oldFolder).c_str());
-    writeSetupLog((removed ? L"old install folder removed: " : L"old install folder kept, not empty: ") + oldFolder);
+    for (const wchar_t* name : {L"skins", L"assets"}) {
+        removeFolderIfEmpty(base::joinPath(oldFolder, name));
+    }
+    if (RemoveDirectoryW(base::extendedLengthPath(oldFolder).c_str())) {
+        writeSetupLog(L"old install folder removed: " + oldFolder);
+    } else {
+        const DWORD error = GetLastError();
+        writeSetupLog(L"old install folder kept: " + oldFolder + L" : " + base::errorText(error));
+    }
 }
 
 }  // namespace
@@ -162,11 +170,13 @@ bool installProduct(bool desktopShortcut, bool startWithWindows, const std::opti
     }
     const bool ok = hasMsiPayload() ? msiInstall(L"install", desktopShortcut, startWithWindows, folder)
                                     : fileInstall(desktopShortcut, startWithWindows, folder);
-    if (ok) {
+    if (base::fileExists(installedApp())) {
+        // Whatever else failed: what is here now must not go at the next restart.
         cancelDeleteOnReboot({folder, installedApp(), installedSetup()});
-        if (registered && !base::equalsIgnoringCase(*registered, folder) && base::folderExists(*registered)) {
-            removeRemains(*registered);
-        }
+    }
+    // One folder may be spelled in many ways; the files tell.
+    if (ok && registered && base::folderExists(*registered) && !base::isSameFile(*registered, folder)) {
+        removeRemains(*registered);
     }
     return ok;
 }
@@ -175,6 +185,8 @@ bool repairProduct(bool desktopShortcut, bool startWithWindows) {
     const std::wstring folder = resolveInstallDir();
     const InstallDirOverride inFolder(folder);
     const UserPaths paths = userPaths();
+    writeSetupLog(L"registering in: " + folder + L" desktop shortcut=" + (desktopShortcut ? L"yes" : L"no") +
+                  L" start with Windows=" + (startWithWindows ? L"yes" : L"no"));
     bool ok = true;
     for (const std::wstring& file : {installedApp(), installedSetup()}) {
         if (!base::fileExists(file)) {

@@ -37,7 +37,9 @@ std::wstring installFolderProblem(const std::wstring& folder, uint64_t neededByt
         return L"it cannot be written to: " + base::errorText(GetLastError());
     }
     ULARGE_INTEGER free{};
-    if (GetDiskFreeSpaceExW(existing.c_str(), &free, nullptr, nullptr) && free.QuadPart < neededBytes) {
+    // A share is only understood with a separator behind it.
+    const std::wstring disk = base::joinPath(base::extendedLengthPath(existing), L"");
+    if (GetDiskFreeSpaceExW(disk.c_str(), &free, nullptr, nullptr) && free.QuadPart < neededBytes) {
         return L"its disk has " + std::to_wstring(free.QuadPart / 1024) + L" KiB left, the product needs " +
                std::to_wstring(neededBytes / 1024) + L" KiB";
     }

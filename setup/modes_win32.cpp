@@ -3,8 +3,10 @@
 #include <shobjidl.h>
 
 #include <algorithm>
+#include <exception>
 
 #include "base/argument_quoting.h"
+#include "base/text.h"
 #include "base/win32/files.h"
 #include "base/win32/process.h"
 #include "base/win32/system.h"
@@ -18,6 +20,7 @@
 #include "setup/interactive.h"
 #include "setup/modes.h"
 #include "setup/options.h"
+#include "setup/own_file.h"
 #include "setup/startup.h"
 #include "setup/uninstall_worker.h"
 
@@ -37,6 +40,8 @@ int runInstall(const Run& run) {
     const bool ok = installProduct(run.arguments.has(kDesktopOption), run.startWithWindows, installDir);
     if (ok && shouldLaunchAfterInstall(run.arguments)) {
         launchInstalledApp();
+    } else {
+        writeSetupLog(ok ? L"installed app not started, as asked" : L"installed app not started, the install failed");
     }
     return ok ? kExitOk : kExitInstallFailed;
 }
@@ -79,17 +84,30 @@ int runInteractive(const Run& run) {
 struct ModeRunner {
     Mode mode;
     int (*run)(const Run&);
+    int failureCode;
 };
 constexpr ModeRunner kRunners[] = {
-    {Mode::install, runInstall},
-    {Mode::repair, runRepair},
-    {Mode::uninstall, runUninstall},
-    {Mode::selfTest, runMissingSelfTest<kExitSelfTestUnavailable>},
-    {Mode::updateServiceSelfTest, runMissingSelfTest<kExitUpdateServiceFailed>},
-    {Mode::mountDiagnosticsSelfTest, runMissingSelfTest<kExitMountDiagnosticsFailed>},
-    {Mode::liveUpdateManifestSelfTest, runMissingSelfTest<kExitLiveUpdateManifestFailed>},
-    {Mode::interactive, runInteractive},
+    {Mode::install, runInstall, kExitInstallFailed},
+    {Mode::repair, runRepair, kExitRepairFailed},
+    {Mode::uninstall, runUninstall, kExitWorkerFailed},
+    {Mode::selfTest, runMissingSelfTest<kExitSelfTestUnavailable>, kExitSelfTestUnavailable},
+    {Mode::updateServiceSelfTest, runMissingSelfTest<kExitUpdateServiceFailed>, kExitUpdateServiceFailed},
+    {Mode::mountDiagnosticsSelfTest, runMissingSelfTest<kExitMountDiagnosticsFailed>, kExitMountDiagnosticsFailed},
+    {Mode::liveUpdateManifestSelfTest, runMissingSelfTest<kExitLiveUpdateManifestFailed>,
+     kExitLiveUpdateManifestFailed},
+    {Mode::interactive, runInteractive, kExitInstallFailed},
 };
+
+int runMode(Mode mode, const Run& run) {
+    const auto* runner = std::ranges::find(kRunners, mode, &ModeRunner::mode);
+    try {
+        return runner->run(run);
+    } catch (const std::exception& failure) {
+        // Only running out of memory gets here; the run ends with its own code and a line all the same.
+        writeSetupLog(L"setup broke off: " + base::toWide(failure.what()));
+        return runner->failureCode;
+    }
+}
 
 void logStart(const Arguments& arguments) {
     // A command line may be 32,000 characters long; its beginning tells enough.
@@ -114,10 +132,12 @@ int runSetup(HINSTANCE instance) {
     // very folder that an uninstall removes.
     SetCurrentDirectoryW(base::windowsFolder().c_str());
     logStart(arguments);
+    holdOwnFile();
     const bool installed = isProductInstalled();
     const bool startWithWindows = chooseStartWithWindows(arguments, installed, installed && readStartupRegistration());
-    const auto* runner = std::ranges::find(kRunners, arguments.mode(), &ModeRunner::mode);
-    const int code = runner->run({instance, arguments, std::move(installDir), startWithWindows});
+    writeSetupLog(std::wstring(L"product installed=") + (installed ? L"yes" : L"no") + L" start with Windows=" +
+                  (startWithWindows ? L"yes" : L"no"));
+    const int code = runMode(arguments.mode(), {instance, arguments, std::move(installDir), startWithWindows});
     // After a complete removal with the user's data there is no log to end, and none is begun.
     if (base::folderExists(dataFolder())) {
         writeSetupLog(L"setup finished: exit=" + std::to_wstring(code));

@@ -51,9 +51,14 @@ std::wstring msiLogPath(std::wstring_view action) {
 
 bool runMsiexec(std::wstring_view action, std::wstring_view arguments, uint32_t& exitCode) {
     const std::wstring name(action);
-    const std::wstring logPath = msiLogPath(action);
-    const std::wstring fullArguments = withMsiLog(arguments, logPath);
     exitCode = 1;
+    const UserPaths paths = userPaths();
+    const std::wstring logPath = msiLogPath(action);
+    if (const std::wstring link = base::firstLinkBelow(paths.dataFolderBase(), logPath); !link.empty()) {
+        writeSetupLog(L"msiexec " + name + L" not started, a link lies in the path of its log: " + link);
+        return false;
+    }
+    const std::wstring fullArguments = withMsiLog(arguments, logPath);
     writeSetupLog(L"msiexec launch " + name + L": " + fullArguments);
     base::runProcessAndWait(base::systemProgram(L"msiexec.exe"), fullArguments, kMsiexecLimitMs, &exitCode, true);
     writeSetupLog(L"msiexec " + name + L" exit=" + std::to_wstring(exitCode) + L" log=" + logPath);

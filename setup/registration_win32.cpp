@@ -32,6 +32,7 @@ bool writeRows(const std::vector<RegistryRow>& rows) {
 
 void deleteKey(const std::wstring& key) {
     if (!base::registryKeyExists(HKEY_LOCAL_MACHINE, key)) {
+        writeSetupLog(L"registry key not there: " + key);
         return;
     }
     const uint32_t error = base::deleteRegistryTree(HKEY_LOCAL_MACHINE, key);

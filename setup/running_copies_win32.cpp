@@ -66,10 +66,15 @@ void stopProcessesNamed(std::wstring_view fileName) {
         return;
     }
     const DWORD own = GetCurrentProcessId();
+    bool found = false;
     for (const base::RunningProcess& process : processes) {
         if (process.id != own && base::lowered(process.fileName) == fileName) {
+            found = true;
             stopProcess(process.id);
         }
+    }
+    if (!found) {
+        writeSetupLog(L"no running copy of " + std::wstring(fileName));
     }
 }
 

@@ -85,6 +85,7 @@ bool deleteShortcut(const std::wstring& linkPath) {
     }
     const DWORD error = GetLastError();
     if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) {
+        writeSetupLog(L"shortcut not there: " + linkPath);
         return true;
     }
     writeSetupLog(L"shortcut delete failed: " + linkPath + L" error=" + std::to_wstring(error));

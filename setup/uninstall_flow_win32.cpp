@@ -36,7 +36,7 @@ bool msiUninstall(bool removeConfig) {
 // The Start Menu shortcut and the publisher's folder there, if nothing else is in it.
 void removeStartMenuShortcut(const std::wstring& linkPath) {
     deleteShortcut(linkPath);
-    RemoveDirectoryW(base::extendedLengthPath(base::parentPath(linkPath)).c_str());
+    removeFolderIfEmpty(base::parentPath(linkPath));
 }
 
 // False when the file could be deleted neither now nor at the next restart.
@@ -117,9 +117,10 @@ void removeUserData() {
     }
     // What it left is logged only afterwards: the log lies in the folder.
     std::vector<std::wstring> links;
-    if (base::removeTree(folder, [&links](const std::wstring& link) { links.push_back(link); })) {
+    if (base::removeTree(
+            folder, [&links](const std::wstring& link) { links.push_back(link); }, paths.dataFolderBase())) {
         RemoveDirectoryW(base::extendedLengthPath(base::parentPath(folder)).c_str());
-        return;
+        return;  // and no line, which would make the folder and the log anew
     }
     for (const std::wstring& left : links) {
         writeSetupLog(L"link left in place, not followed: " + left);

@@ -11,6 +11,7 @@
 #include "base/windows_path.h"
 #include "core/log.h"
 #include "core/product_paths.h"
+#include "setup/own_file.h"
 #include "setup/time_limits.h"
 #include "setup/uninstall_worker.h"
 
@@ -32,21 +33,25 @@ bool isRunningFromInstallFolder() {
 bool relaunchUninstallFromTempCopy(const Arguments& arguments) {
     const std::wstring folder = base::temporaryFolder();
     const std::wstring target = base::joinPath(folder, workerFileName(GetCurrentProcessId()));
+    if (!holdOwnFile()) {
+        return false;
+    }
     const auto bytes = base::readWholeFile(ownFile());
     base::HeldFile copy = bytes ? base::HeldFile::write(folder, target, *bytes) : base::HeldFile();
     if (!copy) {
-        writeSetupLog(L"temp uninstall worker copy failed: " + target + L" : " + base::errorText(GetLastError()));
+        const DWORD error = GetLastError();
+        writeSetupLog(L"temp uninstall worker copy failed: " + target + L" : " + base::errorText(error));
         return false;
     }
     // The copy stays held until Windows has opened it to run it; a running program cannot be written to.
-    if (!base::startProcess(target, workerCommandLine(target, arguments), arguments.has(kQuietOption))) {
+    if (!base::startProcess(copy.path(), workerCommandLine(copy.path(), arguments), arguments.has(kQuietOption))) {
         const DWORD error = GetLastError();
         writeSetupLog(L"temp uninstall worker launch failed: error=" + std::to_wstring(error));
         copy.release();
         DeleteFileW(target.c_str());
         return false;
     }
-    writeSetupLog(L"temp uninstall worker launched: " + target);
+    writeSetupLog(L"temp uninstall worker launched: " + copy.path());
     return true;
 }
 

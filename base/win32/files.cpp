@@ -26,29 +26,77 @@ uint64_t joined(DWORD high, DWORD low) {
     return (uint64_t{high} << 32) | low;
 }
 
-bool deleteEntry(const std::wstring& path) {
-    const std::wstring extended = extendedLengthPath(path);
-    if (DeleteFileW(extended.c_str())) {
-        return true;
-    }
-    const DWORD attributes = GetFileAttributesW(extended.c_str());
-    if (!hasAttribute(attributes, FILE_ATTRIBUTE_READONLY)) {
-        return attributes == INVALID_FILE_ATTRIBUTES;
-    }
-    SetFileAttributesW(extended.c_str(), attributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY));
-    return DeleteFileW(extended.c_str()) != 0;
+bool isSamePathText(const std::wstring& a, const std::wstring& b) {
+    return CompareStringOrdinal(a.c_str(), static_cast<int>(a.size()), b.c_str(), static_cast<int>(b.size()), TRUE) ==
+           CSTR_EQUAL;
 }
 
-// Removes an empty folder, even one with the read-only attribute.
-bool removeEmptyFolder(const std::wstring& folder) {
-    const std::wstring extended = extendedLengthPath(folder);
-    if (RemoveDirectoryW(extended.c_str())) {
-        return true;
+// Without FILE_SHARE_DELETE: as long as it is open, nobody else renames or deletes it. FILE_FLAG_OPEN_REPARSE_POINT
+// opens a link itself and not what it leads to.
+UniqueFile openToDelete(const std::wstring& path) {
+    return openFile(path, DELETE | FILE_LIST_DIRECTORY | FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES,
+                    FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING,
+                    FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT);
+}
+
+// Deletes what the handle holds; it goes when the handle is closed. Windows refuses what has the read-only attribute.
+bool deleteHeld(HANDLE file, DWORD attributes) {
+    if (hasAttribute(attributes, FILE_ATTRIBUTE_READONLY)) {
+        FILE_BASIC_INFO basic{};
+        basic.FileAttributes = FILE_ATTRIBUTE_NORMAL;
+        SetFileInformationByHandle(file, FileBasicInfo, &basic, sizeof(basic));
     }
-    const DWORD attributes = GetFileAttributesW(extended.c_str());
-    return hasAttribute(attributes, FILE_ATTRIBUTE_READONLY) &&
-           SetFileAttributesW(extended.c_str(), attributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY)) &&
-           RemoveDirectoryW(extended.c_str());
+    FILE_DISPOSITION_INFO disposition{TRUE};
+    return SetFileInformationByHandle(file, FileDispositionInfo, &disposition, sizeof(disposition)) != 0;
+}
+
+// The names in a folder, read through its handle: whatever its path leads to meanwhile.
+std::vector<std::wstring> namesIn(HANDLE folder) {
+    std::vector<std::wstring> names;
+    alignas(FILE_ID_BOTH_DIR_INFO) std::byte buffer[8192];
+    while (GetFileInformationByHandleEx(folder, FileIdBothDirectoryInfo, buffer, sizeof(buffer))) {
+        const std::byte* place = buffer;
+        for (;;) {
+            const auto* entry = reinterpret_cast<const FILE_ID_BOTH_DIR_INFO*>(place);
+            std::wstring name(entry->FileName, entry->FileNameLength / sizeof(wchar_t));
+            if (name != L"." && name != L"..") {
+                names.push_back(std::move(name));
+            }
+            if (entry->NextEntryOffset == 0) {
+                break;
+            }
+            place += entry->NextEntryOffset;
+        }
+    }
+    return names;
+}
+
+// No folder that a program made is nested so deeply; one made to exhaust the stack is.
+constexpr int kMaxDepth = 200;
+
+bool removeHeld(HANDLE held, const std::wstring& path, const std::wstring& expectedPath,
+                const std::function<void(const std::wstring&)>& skipped, int depth) {
+    BY_HANDLE_FILE_INFORMATION information{};
+    if (depth > kMaxDepth || !GetFileInformationByHandle(held, &information)) {
+        return false;
+    }
+    bool complete = true;
+    if (hasAttribute(information.dwFileAttributes, FILE_ATTRIBUTE_DIRECTORY)) {
+        if (hasAttribute(information.dwFileAttributes, FILE_ATTRIBUTE_REPARSE_POINT) || isLink(path) ||
+            !isSamePathText(finalPath(held), expectedPath)) {
+            skipped(path);
+            return false;
+        }
+        for (const std::wstring& name : namesIn(held)) {
+            const std::wstring child = joinPath(path, name);
+            const UniqueFile entry = openToDelete(child);
+            complete =
+                entry && removeHeld(entry.get(), child, joinPath(expectedPath, name), skipped, depth + 1) && complete;
+        }
+    } else if (!isSamePathText(finalPath(held), expectedPath)) {
+        return false;
+    }
+    return complete && deleteHeld(held, information.dwFileAttributes);
 }
 
 }  // namespace
@@ -153,31 +201,48 @@ bool writeAll(HANDLE file, std::span<const std::byte> bytes) {
     return true;
 }
 
-bool removeTree(const std::wstring& folder, const std::function<void(const std::wstring&)>& skipped) {
-    bool complete = true;
-    {
-        // Held without FILE_SHARE_DELETE: as long as it is open, neither this folder nor one above it can be renamed or
-        // replaced. FILE_FLAG_OPEN_REPARSE_POINT holds a link itself and not what it leads to.
-        const UniqueFile held = openFile(folder, FILE_LIST_DIRECTORY, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING,
-                                         FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT);
-        if (!held) {
-            return !pathExists(folder);
+std::wstring finalPath(HANDLE file) {
+    std::wstring path(512, L'\0');
+    for (;;) {
+        const DWORD length =
+            GetFinalPathNameByHandleW(file, path.data(), static_cast<DWORD>(path.size()), VOLUME_NAME_DOS);
+        if (length == 0) {
+            return {};
         }
-        if (isLink(folder)) {
-            skipped(folder);
-            return false;
-        }
-        for (const FolderEntry& entry : listFolder(folder)) {
-            const std::wstring path = joinPath(folder, entry.name);
-            if (entry.isFolder) {
-                complete = removeTree(path, skipped) && complete;
-            } else {
-                // Deleting a link to a file deletes the link.
-                complete = deleteEntry(path) && complete;
-            }
+        const bool fitted = length < path.size();
+        path.resize(length);
+        if (fitted) {
+            break;
         }
     }
-    return removeEmptyFolder(folder) && complete;
+    if (path.starts_with(LR"(\\?\UNC\)")) {
+        return LR"(\\)" + path.substr(8);
+    }
+    return path.starts_with(LR"(\\?\)") ? path.substr(4) : path;
+}
+
+bool liesWhereItSays(HANDLE file, const std::wstring& base, const std::wstring& path) {
+    const UniqueFile root = openFile(base, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING,
+                                     FILE_FLAG_BACKUP_SEMANTICS);
+    const std::wstring expected = root ? finalPath(root.get()) + path.substr(base.size()) : std::wstring();
+    return !expected.empty() && isSamePathText(finalPath(file), expected);
+}
+
+bool removeTree(const std::wstring& folder, const std::function<void(const std::wstring&)>& skipped,
+                const std::wstring& base) {
+    if (!folderExists(folder)) {
+        return !pathExists(folder);
+    }
+    const UniqueFile root = openToDelete(folder);
+    if (!root) {
+        return false;
+    }
+    if (!base.empty() && !liesWhereItSays(root.get(), base, folder)) {
+        skipped(folder);
+        return false;
+    }
+    const std::wstring place = finalPath(root.get());
+    return !place.empty() && removeHeld(root.get(), folder, place, skipped, 0);
 }
 
 }  // namespace base

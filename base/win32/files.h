@@ -48,9 +48,19 @@ UniqueFile openFile(const std::wstring& path, DWORD access, DWORD share, DWORD d
 // Writes all bytes at the handle's position; false when the disk took fewer.
 bool writeAll(HANDLE file, std::span<const std::byte> bytes);
 
-// Removes a folder with all it holds and never passes through a link: a link at the root or below is left in place and
-// given to `skipped`. Every folder is held open while its content goes, so that nobody can put a link in its place
-// between the check and the deletion. What cannot be deleted stays; true when nothing stayed.
-bool removeTree(const std::wstring& folder, const std::function<void(const std::wstring&)>& skipped);
+// Where a file or folder that is held open really lies, without the "\\?\" prefix: what its path says once all links on
+// the way are followed. Empty when Windows does not tell.
+std::wstring finalPath(HANDLE file);
+
+// True when the open file, reached by `path`, lies below `base` just where the path says, so that no link between the
+// two was followed. Links above and at `base` do not matter.
+bool liesWhereItSays(HANDLE file, const std::wstring& base, const std::wstring& path);
+
+// Removes a folder with all it holds and never passes through a link: one at the root, below, or between `base` (a
+// folder above, empty for none) and the root is left in place and given to `skipped`. Each entry is opened, checked and
+// deleted through one handle, so it does not help to put a link in its place in between. What cannot be deleted stays,
+// and so does what is nested deeper than any real folder; true when nothing stayed.
+bool removeTree(const std::wstring& folder, const std::function<void(const std::wstring&)>& skipped,
+                const std::wstring& base = {});
 
 }  // namespace base

@@ -74,8 +74,8 @@ HeldFile HeldFile::write(const std::wstring& base, const std::wstring& path, std
         held.failure_ = Failure::changed;
         return held;
     }
-    // From here on the open file pins every folder above it; what was checked before it is checked once more.
-    if (!firstLinkBelow(base, path).empty()) {
+    // From here on the open file keeps every folder above it in place. Where it lies was settled when it was opened.
+    if (!firstLinkBelow(base, path).empty() || !liesWhereItSays(file.get(), base, path)) {
         SetLastError(ERROR_REPARSE_POINT_ENCOUNTERED);
         held.failure_ = Failure::linkInPath;
         return held;
@@ -85,6 +85,8 @@ HeldFile HeldFile::write(const std::wstring& base, const std::wstring& path, std
         held.failure_ = Failure::changed;
         return held;
     }
+    // The path with all links above `base` followed: one of them may be turned elsewhere at any time.
+    held.path_ = finalPath(file.get());
     held.file_ = std::move(file);
     return held;
 }
@@ -99,6 +101,7 @@ std::optional<std::vector<std::byte>> readWholeFile(const std::wstring& path) {
     for (size_t filled = 0; filled < bytes.size();) {
         const size_t count = readSome(file.get(), std::span(bytes).subspan(filled));
         if (count == 0) {
+            SetLastError(ERROR_HANDLE_EOF);
             return std::nullopt;
         }
         filled += count;

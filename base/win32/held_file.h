@@ -21,7 +21,8 @@ public:
 
     // Writes `bytes` to `path`, in folders that it makes. Everything between `base` (a folder above `path`) and the
     // file has to be plain folders: a link there is a failure, since it could be turned elsewhere while the file is in
-    // use. On failure nothing is held and GetLastError() tells more.
+    // use. path() is then where the file really lies, with links above `base` followed. On failure nothing is held,
+    // path() is as given, and GetLastError() tells more.
     static HeldFile write(const std::wstring& base, const std::wstring& path, std::span<const std::byte> bytes);
 
     Failure failure() const { return failure_; }

@@ -48,7 +48,8 @@ def test_installs_everything_into_one_folder(machine, folder, options):
                                             ("--install --no-start --quiet --restart-app", True)])
 def test_starts_the_application_as_asked(machine, options, starts):
     assert machine.setup(options) == 0
-    assert (machine.log()[-2] == "installed app launch requested through Explorer") == starts
+    assert ("installed app launch requested through Explorer" if starts else
+            "installed app not started, as asked") in machine.log()
     if starts:
         assert machine.wait_until(lambda: any(line.startswith("app started: ") for line in machine.log()))
     else:

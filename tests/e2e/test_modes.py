@@ -60,7 +60,7 @@ def test_the_log_of_one_run_tells_its_time_and_order(machine):
     before = time.time() - 2
     assert machine.setup("--self-test") == 1
     lines = machine.unix(DATA + r"\velquin.log").read_bytes().decode("utf-8").split("\n")
-    assert lines[-1] == "" and len(lines) == 4
+    assert lines[-1] == "" and len(lines) == 5
     for line in lines[:-1]:
         date, clock, _ = line.split("  ", 2)
         stamp = time.mktime(time.strptime(f"{date} {clock}", "%d.%m.%Y %H:%M:%S"))

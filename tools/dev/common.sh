@@ -9,16 +9,29 @@ die() {
   exit 1
 }
 
+# A line every half minute until it is ended or this script is gone: an interrupt reaches the script, but not what it
+# started in the background. The pauses hold no pipe and no lock of ours.
+tick() { # START, in SECONDS
+  local pause=''
+  trap 'kill $pause 2>/dev/null; exit 0' TERM
+  while kill -0 $$ 2>/dev/null; do
+    sleep 30 >/dev/null 2>&1 </dev/null &
+    pause=$!
+    wait "$pause" || true
+    kill -0 $$ 2>/dev/null && say "  still at it ($((SECONDS - $1)) s)"
+  done
+}
+
 # quietly WHAT LOG CMD...: runs CMD with its output in LOG, says WHAT first and a sign of life every half minute. Returns
 # CMD's exit code.
 quietly() {
   local what=$1 log=$2 started=$SECONDS ticker code=0
   shift 2
   say "$what …"
-  (while sleep 30 && kill -0 $$ 2>/dev/null; do say "  still at it ($((SECONDS - started)) s)"; done) &
+  tick "$started" 9>&- &
   ticker=$!
   "$@" >"$log" 2>&1 </dev/null || code=$?
-  kill "$ticker" 2>/dev/null
+  kill "$ticker" 2>/dev/null || true
   wait "$ticker" 2>/dev/null || true
   [ "$code" -ne 0 ] || say "  done ($((SECONDS - started)) s)"
   return "$code"

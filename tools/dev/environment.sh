@@ -45,6 +45,8 @@ environment_ensure() {
     ensure_system_packages
   elif [ "$version" -ge 12 ]; then
     environment_kind=root
+    unshare --mount --pid --fork --kill-child --propagation private true 2>/dev/null ||
+      die "this system does not allow private mounts. In a container, give it that right (--privileged), or use Debian 13."
     tool_cache=${XDG_CACHE_HOME:-${HOME:-/root}/.cache}/velquin-setup
     tool_root=$tool_cache/tool-root-$(package_hash)
     ensure_tool_root
@@ -58,7 +60,8 @@ install_packages() {
   local log=$1
   shift
   export DEBIAN_FRONTEND=noninteractive
-  apt-get install -y --no-install-recommends "$@" >"$log" 2>&1 </dev/null ||
+  dpkg --configure -a >"$log" 2>&1 </dev/null # what an interrupted run has left half-done
+  apt-get install -y --no-install-recommends "$@" >>"$log" 2>&1 </dev/null ||
     { apt-get -o APT::Update::Error-Mode=any update >>"$log" 2>&1 </dev/null &&
       apt-get install -y --no-install-recommends "$@" >>"$log" 2>&1 </dev/null; }
 }
@@ -80,18 +83,18 @@ ensure_system_packages() {
     awk '$1 == "ii" { sub(/:.*/, "", $2); print $2 }')
   while read -r name; do [ -n "${installed[$name]:-}" ] || missing+=("$name"); done < <(package_list)
   [ ${#missing[@]} -eq 0 ] && return
-  mkdir -p "$cache"
+  mkdir -p "$cache" 2>/dev/null || die "cannot make $cache. Set XDG_CACHE_HOME to a folder that can be written."
   log=$cache/packages.log
-  require_space "$cache"
+  if [ ${#missing[@]} -gt 20 ]; then require_space /usr "Free some"; fi
   say "installing ${#missing[@]} packages of this system (log: $log)"
   quietly "apt-get" "$log.out" install_packages "$log" "${missing[@]}" || explain_package_failure "$log"
 }
 
-require_space() { # $1 a folder that exists
+require_space() { # $1 a folder that exists, $2 the remedy
   local free
   free=$(df -Pm "$1" | awk 'NR == 2 { print $4 }')
   [ "$free" -ge "$tool_space_mib" ] ||
-    die "no disk space: the tools need $tool_space_mib MiB and $1 has $free MiB. Free some, or set XDG_CACHE_HOME to a larger disk."
+    die "no disk space: the tools need $tool_space_mib MiB and $1 has $free MiB. $2."
 }
 
 # A finished root carries its mark; one without it is half-made and is made anew. The lock keeps a second ./dev waiting.
@@ -103,9 +106,9 @@ ensure_tool_root() {
   if [ ! -f "$tool_root$tool_mark" ]; then
     if [ -e "$tool_root" ]; then
       say "the tool root is half-made; making it anew"
-      rm -rf --one-file-system "$tool_root"
+      rm -rf --one-file-system "$tool_root" || die "cannot remove the half-made tool root $tool_root. Remove it and run ./dev again."
     fi
-    require_space "$tool_cache"
+    require_space "$tool_cache" "Free some, or set XDG_CACHE_HOME to a larger disk"
     make_tool_root
   fi
   exec 9>&-
@@ -124,7 +127,7 @@ make_tool_root() {
   fi
   # debootstrap mounts things in the root: privately, so that an interrupted run leaves nothing mounted.
   local bootstrap=(unshare --mount --propagation private --fork --kill-child debootstrap --variant=minbase "$tool_suite" "$tool_root")
-  mirror=$(host_mirror)
+  mirror=$(host_mirror || true)
   quietly "base system" "$log" "${bootstrap[@]}" ${mirror:+"$mirror"} ||
     quietly "base system, from the default mirror" "$log" "${bootstrap[@]}" ||
     explain_package_failure "$log"
@@ -136,20 +139,27 @@ make_tool_root() {
     sh -c 'DEBIAN_FRONTEND=noninteractive apt-get -y --no-install-recommends install "$@" && apt-get clean' sh $(package_list) ||
     explain_package_failure "$log"
   package_hash >"$tool_root$tool_mark"
+  local other
+  for other in "$tool_cache"/tool-root-????????????; do
+    [ "$other" = "$tool_root" ] || say "an older tool root is no longer needed and can be removed: $other"
+  done
 }
 
 # enter_root ROOT CHECKOUT FOLDER CMD...: runs CMD in ROOT with CHECKOUT bound at its own path ('/' for none).
 enter_root() {
-  unshare --mount --pid --fork --kill-child --propagation private true 2>/dev/null ||
-    die "this system does not allow private mounts. In a container, give it that right (--privileged), or use Debian 13."
   unshare --mount --pid --fork --kill-child --propagation private bash "$repo/tools/dev/enter_root.sh" "$@"
 }
 
-environment_enter() { # CMD...: replaces this process
-  local folder=$PWD
+environment_enter() { # CMD...: runs it among the tools, in the current folder where that belongs to the checkout
+  local folder
+  folder=$(pwd -P)
   if [ "$environment_kind" = here ]; then
     exec "$@"
   fi
-  case $folder/ in "$repo"/*) ;; *) folder=$repo ;; esac
+  case $folder/ in
+    "$repo"/*) ;;
+    *) [ "$2" = exec ] && say "only the checkout is there among the tools; running in $repo"
+       folder=$repo ;;
+  esac
   enter_root "$tool_root" "$repo" "$folder" "$@"
 }

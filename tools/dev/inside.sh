@@ -16,7 +16,7 @@ build() { # PRESET [TARGET...]
   fi
   say "building $preset …"
   cmake "${arguments[@]}" >"$repo/build/$preset.build.log" 2>&1 </dev/null || {
-    grep -E 'error|FAILED|undefined|warning' "$repo/build/$preset.build.log" | head -n 40 >&2
+    grep -m 40 -E 'error|FAILED|undefined|warning' "$repo/build/$preset.build.log" >&2 || true
     die "the build failed; see build/$preset.build.log"
   }
 }
@@ -84,12 +84,14 @@ command_gallery() {
 }
 
 command_format() {
-  (cd "$repo" && git ls-files '*.h' '*.cpp' && git -C "$repo" ls-files --others --exclude-standard '*.h' '*.cpp') |
-    (cd "$repo" && xargs clang-format -i)
+  cd "$repo"
+  git ls-files -z --cached --others --exclude-standard '*.h' '*.cpp' |
+    while IFS= read -r -d '' file; do if [ -f "$file" ]; then printf '%s\0' "$file"; fi; done |
+    xargs -0 clang-format -i
 }
 
-git config --global --get-all safe.directory 2>/dev/null | grep -qxF "$repo" ||
-  git config --global --add safe.directory "$repo"
+# The checkout may belong to another user than root.
+export GIT_CONFIG_COUNT=1 GIT_CONFIG_KEY_0=safe.directory GIT_CONFIG_VALUE_0=$repo
 
 name=$1
 shift
