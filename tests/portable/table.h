@@ -22,17 +22,11 @@ void expectEach(Function function, const Pairs& pairs) {
     }
 }
 
-using Random = std::mt19937;
-
-inline size_t randomBelow(Random& random, size_t limit) {
-    return random() % limit;
-}
-
 // 0 to `maxLength` characters of `alphabet`, which weighs a character by how often it holds it.
-inline std::wstring randomText(Random& random, std::wstring_view alphabet, size_t maxLength) {
-    std::wstring text(randomBelow(random, maxLength + 1), L'\0');
+inline std::wstring randomText(std::mt19937& random, std::wstring_view alphabet, size_t maxLength) {
+    std::wstring text(random() % (maxLength + 1), L'\0');
     for (wchar_t& c : text) {
-        c = alphabet[randomBelow(random, alphabet.size())];
+        c = alphabet[random() % alphabet.size()];
     }
     return text;
 }

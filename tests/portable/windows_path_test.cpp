@@ -20,74 +20,54 @@ TEST(WindowsPath, TakenApart) {
     constexpr Case kCases[] = {
         {L"", L"", false, L"", L""},
         {L"name", L"", false, L"", L"name"},
-        {L"a/b", L"", false, L"a", L"b"},
         {LR"(a\\b)", L"", false, L"a", L"b"},
-        {LR"(\)", LR"(\)", false, LR"(\)", L""},
         {LR"(\a)", LR"(\)", false, LR"(\)", L"a"},
-        {L"C:", L"C:", false, L"C:", L""},
         {L"C:a", L"C:", false, L"C:", L"a"},
         {LR"(C:\)", LR"(C:\)", true, LR"(C:\)", L""},
-        {LR"(z:/a)", L"z:/", true, L"z:/", L"a"},
+        {L"z:/a", L"z:/", true, L"z:/", L"a"},
         {LR"(C:\a\b.c)", LR"(C:\)", true, LR"(C:\a)", L"b.c"},
         {LR"(C:\a\)", LR"(C:\)", true, LR"(C:\a)", L""},
         {LR"(1:\a)", L"", false, L"1:", L"a"},
         {LR"(\\server)", LR"(\\server)", false, LR"(\\server)", L""},
         {LR"(\\server\share)", LR"(\\server\share)", true, LR"(\\server\share)", L""},
-        {LR"(\\server\share\)", LR"(\\server\share\)", true, LR"(\\server\share\)", L""},
-        {LR"(//s/t/a/b)", L"//s/t/", true, L"//s/t/a", L"b"},
+        {L"//s/t/a/b", L"//s/t/", true, L"//s/t/a", L"b"},
         {LR"(\\server\\share)", LR"(\\server\\)", false, LR"(\\server\\)", L"share"},
-        {LR"(\\?\C:\)", LR"(\\?\C:\)", false, LR"(\\?\C:\)", L""},
         {LR"(\\?\C:\a\b)", LR"(\\?\C:\)", false, LR"(\\?\C:\a)", L"b"},
         {LR"(\\?\C:name)", LR"(\\?\C:)", false, LR"(\\?\C:)", L"name"},
         {LR"(\\?\UNC\s\t\a)", LR"(\\?\UNC\s\t\)", false, LR"(\\?\UNC\s\t\)", L"a"},
         {LR"(\\.\pipe\a)", LR"(\\.\pipe\)", false, LR"(\\.\pipe\)", L"a"},
     };
     for (const Case& c : kCases) {
-        const auto path = testing::PrintToString(c.path);
-        EXPECT_EQ(base::rootLength(c.path), std::wstring_view(c.root).size()) << path;
-        EXPECT_EQ(base::isFullyQualified(c.path), c.fullyQualified) << path;
-        EXPECT_EQ(base::parentPath(c.path), c.parent) << path;
-        EXPECT_EQ(base::fileName(c.path), c.name) << path;
+        SCOPED_TRACE(testing::PrintToString(c.path));
+        EXPECT_EQ(base::rootLength(c.path), std::wstring_view(c.root).size());
+        EXPECT_EQ(base::isFullyQualified(c.path), c.fullyQualified);
+        EXPECT_EQ(base::parentPath(c.path), c.parent);
+        EXPECT_EQ(base::fileName(c.path), c.name);
     }
 }
 
-TEST(WindowsPath, Joining) {
-    constexpr const wchar_t* kCases[][3] = {
-        {L"C:\\a", L"b", L"C:\\a\\b"}, {L"C:\\", L"b", L"C:\\b"}, {L"C:/a/", L"b", L"C:/a/b"}, {L"", L"b", L"b"},
-        {L"a", L"", L"a\\"},
-    };
-    for (const auto& [folder, name, expected] : kCases) {
-        EXPECT_EQ(base::joinPath(folder, name), expected);
-    }
-}
-
-TEST(WindowsPath, ReplacingTheExtension) {
-    const testing_table::Pairs pairs = {
-        {LR"(C:\a\velquin.json)", LR"(C:\a\velquin.log)"},
-        {L"velquin", L"velquin.log"},
-        {L"a.b.c", L"a.b.log"},
+TEST(WindowsPath, JoinedAndWithAnotherExtension) {
+    testing_table::expectEach([](const std::wstring& folder) { return base::joinPath(folder, L"b"); },
+                              {{L"", L"b"}, {L"C:\\", L"C:\\b"}, {L"C:/a/", L"C:/a/b"}, {L"a", L"a\\b"}});
+    const testing_table::Pairs extensions = {
         {LR"(C:\a.b\velquin)", LR"(C:\a.b\velquin.log)"},
+        {L"a.b.c", L"a.b.log"},
         {L"C:/a.b/.hidden", L"C:/a.b/.hidden.log"},
         {LR"(a\..)", LR"(a\...log)"},
     };
-    testing_table::expectEach([](const std::wstring& path) { return base::withExtension(path, L".log"); }, pairs);
+    testing_table::expectEach([](const std::wstring& path) { return base::withExtension(path, L".log"); }, extensions);
 }
 
 TEST(WindowsPath, LexicallyNormal) {
     const testing_table::Pairs pairs = {
         {L"", L""},
-        {L".", L"."},
         {L"a/.", L"a\\"},
         {L"a/..", L"."},
-        {L"a/../..", L".."},
-        {L"../a/../../b", LR"(..\..\b)"},
-        {L"a//b///c", LR"(a\b\c)"},
+        {L"../a//../../b", LR"(..\..\b)"},
         {LR"(C:\a\.\b\..\c\)", LR"(C:\a\c\)"},
         {LR"(C:\..\..\a)", LR"(C:\a)"},
-        {LR"(C:\a\..)", LR"(C:\)"},
         {LR"(C:a\..\..\b)", LR"(C:..\b)"},
-        {LR"(\..\a)", LR"(\a)"},
-        {LR"(//server/share/../a/)", LR"(\\server\share\a\)"},
+        {L"//server/share/../a/", LR"(\\server\share\a\)"},
         {LR"(C:\...\.a\a.)", LR"(C:\...\.a\a.)"},
         {LR"(\\?\C:\a\..\.\b\)", LR"(\\?\C:\a\..\.\b\)"},
         // A component may not turn into a drive.
@@ -100,55 +80,36 @@ TEST(WindowsPath, LexicallyNormal) {
 TEST(WindowsPath, NormalizingFolderTexts) {
     const auto onMachine = [](const std::wstring& text) { return base::normalizePathText(text, absoluteInWorkFolder); };
     const testing_table::Pairs pairs = {
-        {L"", L""},
         {L" \t\r\n", L""},
-        {L"D:/Apps/Velquin/", LR"(D:\Apps\Velquin)"},
-        {LR"(  C:\Tools\ )", LR"(C:\Tools)"},
-        {LR"(C:\)", LR"(C:\)"},
+        {LR"(  D:/Apps\Velquin/ )", LR"(D:\Apps\Velquin)"},
         {LR"(C:\\\)", LR"(C:\)"},
         {LR"(C:\a\\b\.\c\..\)", LR"(C:\a\b)"},
-        {LR"(C:\..\..)", LR"(C:\)"},
-        {L"Velquin", LR"(C:\Work\Velquin)"},
         {L"--desktop", LR"(C:\Work\--desktop)"},
-        {L".", LR"(C:\Work)"},
         {L"../Apps/", LR"(C:\Apps)"},
         {LR"(\Apps)", LR"(C:\Apps)"},
         {L"D:Apps", LR"(D:\Apps)"},
-        {L"//server/share/", LR"(\\server\share)"},
         {LR"(\\server\share\a\..\..\..\b\)", LR"(\\server\share\b)"},
     };
     testing_table::expectEach(onMachine, pairs);
-    const auto withoutCurrentFolder = [](const std::wstring& text) {
-        return base::normalizePathText(text, absoluteFails);
-    };
-    const testing_table::Pairs unresolved = {
-        {L" ", L""},
-        {L" Apps/Velquin/ ", LR"(Apps\Velquin)"},
-        {L"a/../b/./c", LR"(b\c)"},
-        {L"D:/Apps//", LR"(D:\Apps)"},
-        {L"ab/", LR"(ab\)"},
-    };
-    testing_table::expectEach(withoutCurrentFolder, unresolved);
+    const auto unresolved = [](const std::wstring& text) { return base::normalizePathText(text, absoluteFails); };
+    testing_table::expectEach(unresolved, {{L" a/../Apps/Velquin/ ", LR"(Apps\Velquin)"}, {L"ab/", LR"(ab\)"}});
 }
 
 TEST(WindowsPath, ExtendedLength) {
     const std::wstring rest(300, L'n');
     const testing_table::Pairs pairs = {
-        {LR"(C:\short)", LR"(C:\short)"},
         {L"C:\\" + rest.substr(0, 244), L"C:\\" + rest.substr(0, 244)},
         {L"C:\\" + rest.substr(0, 245), LR"(\\?\C:\)" + rest.substr(0, 245)},
         {L"C:/a/../" + rest, LR"(\\?\C:\)" + rest},
-        {LR"(\\server\share\)" + rest, LR"(\\?\UNC\server\share\)" + rest},
         {L"//server/share/" + rest, LR"(\\?\UNC\server\share\)" + rest},
         {LR"(\\?\C:\)" + rest, LR"(\\?\C:\)" + rest},
-        {rest, rest},
         {L"C:" + rest, L"C:" + rest},
     };
     testing_table::expectEach(base::extendedLengthPath, pairs);
 }
 
 TEST(WindowsPath, RandomPathsKeepTheirProperties) {
-    testing_table::Random random(42);
+    std::mt19937 random(42);
     for (int round = 0; round < 20000; ++round) {
         const std::wstring path = testing_table::randomText(random, L"\\\\\\///...C::abc?", 14);
         SCOPED_TRACE(testing::PrintToString(path));
