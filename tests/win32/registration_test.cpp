@@ -31,7 +31,9 @@ TEST_F(InstallFolderEntry, IsReadNormalisedOrIgnored) {
     } cases[] = {
         {"slashes", REG_SZ, bytesOf(L"D:/Apps/Velquin/\0"sv), LR"(D:\Apps\Velquin)"},
         {"blanks and dots", REG_SZ, bytesOf(L"  C:\\Tools\\old\\..\\new\\\\ \0"sv), LR"(C:\Tools\new)"},
-        {"a root", REG_SZ, bytesOf(L"D:\\\0"sv), L"D:\\"},
+        {"a root", REG_SZ, bytesOf(L"D:\\\0"sv), std::nullopt},
+        {"a share's root", REG_SZ, bytesOf(L"\\\\server\\share\\\0"sv), std::nullopt},
+        {"no full path", REG_SZ, bytesOf(L"Apps\\Velquin\0"sv), std::nullopt},
         {"unterminated", REG_SZ, bytesOf(L"C:\\Unterminated"), LR"(C:\Unterminated)"},
         {"expandable, as stored", REG_EXPAND_SZ, bytesOf(L"C:\\%ProgramFiles%\\App\0"sv), LR"(C:\%ProgramFiles%\App)"},
         {"as long as is read", REG_SZ, bytesOf(L"C:\\" + longest), L"C:\\" + longest},

@@ -53,9 +53,10 @@ TEST_F(RunningCopies, OnesThatDoNotCloseAreTerminatedAndOnlyThoseWithAWindowAreW
     EXPECT_LT(windowless * 4, stubborn) << "it was waited for although there was nothing to ask";
 }
 
-TEST_F(RunningCopies, NothingToStopLogsNothing) {
-    stopProcessesNamed(uniqueName() + L".exe");
-    EXPECT_THAT(log(), ElementsAre());
+TEST_F(RunningCopies, SaysWhenThereIsNothingToStop) {
+    const std::wstring name = uniqueName() + L".exe";
+    stopProcessesNamed(name);
+    EXPECT_THAT(log(), ElementsAre(L"no running copy of " + name));
 }
 
 // In a copy with a name of its own: by this program's real name it would stop the tests that run beside it.
