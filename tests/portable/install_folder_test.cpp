@@ -26,7 +26,6 @@ TEST(InstallFolder, AcceptsFullPaths) {
 TEST(InstallFolder, RefusesOthersAndSaysWhy) {
     const std::pair<std::wstring, const wchar_t*> cases[] = {
         {L"", L"full path"},
-        {LR"(\Velquin)", L"full path"},
         {L"C:Velquin", L"full path"},
         {LR"(\\?\C:\Velquin)", L"full path"},
         {LR"(\\server\share\)", L"root"},
@@ -34,7 +33,6 @@ TEST(InstallFolder, RefusesOthersAndSaysWhy) {
         {LR"(C:\Apps" --desktop)", L"quotation mark"},
         {LR"(C:\a<b\c)", L"'a<b' is no valid"},
         {LR"(C:\a\b:c)", L"'b:c' is no valid"},
-        {LR"(C:\a|b)", L"'a|b' is no valid"},
         {LR"(\\server\share\*)", L"'*' is no valid"},
         {LR"(\\ser<ver\share\Velquin)", L"'ser<ver' is no valid"},
         {LR"(C:\dot.\Velquin)", L"'dot.' is no valid"},

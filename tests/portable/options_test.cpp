@@ -2,10 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
-
-#include "base/text.h"
-
 namespace {
 
 using namespace velquin::setup;
@@ -35,21 +31,6 @@ TEST(Options, OfTwoModeOptionsTheFirstInPrecedenceWins) {
     const List none = {L"",           L"install",  L"-install",   L"/install",     L"--install=1",
                        L"--install ", L"--instal", L"--installs", L"--self-tests", L"--quiet"};
     EXPECT_EQ(Arguments(none).mode(), Mode::interactive);
-}
-
-TEST(Options, TheTableListsEveryOptionOnce) {
-    std::multiset<std::wstring> listed;
-    for (const Option& option : optionTable()) {
-        listed.insert(option.name);
-        EXPECT_EQ(option.value != nullptr, option.name == std::wstring_view(kInstallDirOption));
-    }
-    std::multiset<std::wstring> expected = {
-        L"--install-dir", L"--no-startup", L"--desktop",       L"--restart-app",
-        L"--no-start",    L"--quiet",      L"--remove-config", L"--temp-uninstall-worker"};
-    for (const auto& [option, mode] : kModes) {
-        expected.insert(base::lowered(option));
-    }
-    EXPECT_EQ(listed, expected);
 }
 
 TEST(Options, TheValueIsTheNextArgument) {

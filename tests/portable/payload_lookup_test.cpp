@@ -20,15 +20,4 @@ TEST(PayloadLookup, FindsTheFirstValidPackage) {
     }
 }
 
-TEST(PayloadLookup, TheProductsTableStartsWithThePackageAndEndsWithTheTerminator) {
-    const auto table = payloadTable();
-    ASSERT_EQ(table.size(), 14u);
-    for (size_t i = 0; i + 1 < table.size(); ++i) {
-        EXPECT_TRUE(table[i].isValid() && table[i].resourceId == 3001 + static_cast<int32_t>(i)) << i;
-    }
-    EXPECT_FALSE(table.back().isValid());
-    EXPECT_EQ(findMsiPayloadEntry(), &table[0]);
-    EXPECT_STREQ(table[0].relativePath, LR"(installer\Velquin.msi)");
-}
-
 }  // namespace

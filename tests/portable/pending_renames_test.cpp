@@ -21,7 +21,6 @@ TEST(PendingRenames, PairsAreReadAndWrittenBack) {
         {L"a||b|c|d|||", {L"a", L"", L"b", L"c", L"d", L""}, true},
         // Some of the last terminators are missing.
         {L"a|b|c||", {L"a", L"b", L"c", L""}, false},
-        {L"a|b|c|", {L"a", L"b", L"c", L""}, false},
         {L"a|b|c", {L"a", L"b", L"c", L""}, false},
         {L"a|b", {L"a", L"b"}, false},
     };

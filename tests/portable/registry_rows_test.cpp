@@ -36,28 +36,6 @@ Software\Classes\Applications\VelquinSetup.exe\shell\open\command [] "D:\a b\Vel
     }
 }
 
-TEST(RegistryRows, UninstallEntry) {
-    std::wstring key = LR"(Software\Microsoft\Windows\CurrentVersion\Uninstall\LumoraVelquin)";
-    const auto rows = uninstallRows(LR"(D:\a b)", L"20250203", kMax32);
-    std::wstring values = printed(rows);
-    for (size_t at = values.find(key); at != std::wstring::npos; at = values.find(key)) {
-        values.erase(at, key.size() + 1);
-    }
-    EXPECT_EQ(values,
-              LR"(
-[DisplayName] Lumora Velquin
-[DisplayVersion] 1.0.188
-[Publisher] Vantorik
-[InstallLocation] D:\a b
-[DisplayIcon] "D:\a b\Velquin.exe",0
-[UninstallString] "D:\a b\VelquinSetup.exe" --uninstall
-[QuietUninstallString] "D:\a b\VelquinSetup.exe" --uninstall --quiet
-[InstallDate] 20250203
-[NoModify] dword 1
-[NoRepair] dword 1
-[EstimatedSize] dword 4294967295)");
-}
-
 TEST(RegistryRows, SizesInKib) {
     constexpr std::pair<uint64_t, uint32_t> kCases[] = {
         {0, 0},

@@ -19,16 +19,12 @@ TEST(WindowsPath, TakenApart) {
     };
     constexpr Case kCases[] = {
         {L"", L"", false, L"", L""},
-        {L"name", L"", false, L"", L"name"},
         {LR"(a\\b)", L"", false, L"a", L"b"},
-        {LR"(\a)", LR"(\)", false, LR"(\)", L"a"},
         {L"C:a", L"C:", false, L"C:", L"a"},
         {LR"(C:\)", LR"(C:\)", true, LR"(C:\)", L""},
         {L"z:/a", L"z:/", true, L"z:/", L"a"},
-        {LR"(C:\a\b.c)", LR"(C:\)", true, LR"(C:\a)", L"b.c"},
         {LR"(C:\a\)", LR"(C:\)", true, LR"(C:\a)", L""},
         {LR"(1:\a)", L"", false, L"1:", L"a"},
-        {LR"(\\server)", LR"(\\server)", false, LR"(\\server)", L""},
         {LR"(\\server\share)", LR"(\\server\share)", true, LR"(\\server\share)", L""},
         {L"//s/t/a/b", L"//s/t/", true, L"//s/t/a", L"b"},
         {LR"(\\server\\share)", LR"(\\server\\)", false, LR"(\\server\\)", L"share"},
@@ -61,18 +57,15 @@ TEST(WindowsPath, JoinedAndWithAnotherExtension) {
 TEST(WindowsPath, LexicallyNormal) {
     const testing_table::Pairs pairs = {
         {L"", L""},
-        {L"a/.", L"a\\"},
         {L"a/..", L"."},
         {L"../a//../../b", LR"(..\..\b)"},
         {LR"(C:\a\.\b\..\c\)", LR"(C:\a\c\)"},
         {LR"(C:\..\..\a)", LR"(C:\a)"},
         {LR"(C:a\..\..\b)", LR"(C:..\b)"},
         {L"//server/share/../a/", LR"(\\server\share\a\)"},
-        {LR"(C:\...\.a\a.)", LR"(C:\...\.a\a.)"},
         {LR"(\\?\C:\a\..\.\b\)", LR"(\\?\C:\a\..\.\b\)"},
         // A component may not turn into a drive.
         {LR"(a\..\C:\b)", LR"(.\C:\b)"},
-        {L"./C:.", LR"(.\C:.)"},
     };
     testing_table::expectEach(lexicallyNormal, pairs);
 }
@@ -83,10 +76,8 @@ TEST(WindowsPath, NormalizingFolderTexts) {
         {L" \t\r\n", L""},
         {LR"(  D:/Apps\Velquin/ )", LR"(D:\Apps\Velquin)"},
         {LR"(C:\\\)", LR"(C:\)"},
-        {LR"(C:\a\\b\.\c\..\)", LR"(C:\a\b)"},
         {L"--desktop", LR"(C:\Work\--desktop)"},
         {L"../Apps/", LR"(C:\Apps)"},
-        {LR"(\Apps)", LR"(C:\Apps)"},
         {L"D:Apps", LR"(D:\Apps)"},
         {LR"(\\server\share\a\..\..\..\b\)", LR"(\\server\share\b)"},
     };
@@ -103,7 +94,6 @@ TEST(WindowsPath, ExtendedLength) {
         {L"C:/a/../" + rest, LR"(\\?\C:\)" + rest},
         {L"//server/share/" + rest, LR"(\\?\UNC\server\share\)" + rest},
         {LR"(\\?\C:\)" + rest, LR"(\\?\C:\)" + rest},
-        {L"C:" + rest, L"C:" + rest},
     };
     testing_table::expectEach(base::extendedLengthPath, pairs);
 }
