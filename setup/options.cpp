@@ -7,6 +7,12 @@
 namespace velquin::setup {
 namespace {
 
+struct ModeOption {
+    Mode mode;
+    const wchar_t* option;
+    const wchar_t* name;
+};
+// The modes that an option chooses, in the order in which the first one present wins.
 constexpr ModeOption kModes[] = {
     {Mode::install, L"--install", L"install"},
     {Mode::repair, L"--repair", L"repair"},
@@ -39,10 +45,6 @@ constexpr Option kOptions[] = {
 
 std::span<const Option> optionTable() {
     return kOptions;
-}
-
-std::span<const ModeOption> modeTable() {
-    return kModes;
 }
 
 const wchar_t* modeName(Mode mode) {

@@ -36,13 +36,7 @@ enum class Mode {
     liveUpdateManifestSelfTest,
     interactive,
 };
-struct ModeOption {
-    Mode mode;
-    const wchar_t* option;
-    const wchar_t* name;  // for the log
-};
-// The modes that an option chooses, in the order in which the first one present wins.
-std::span<const ModeOption> modeTable();
+// What the log calls it.
 const wchar_t* modeName(Mode mode);
 
 // The arguments of one process, without the program's own path.
@@ -58,7 +52,7 @@ public:
     // The argument behind the first occurrence of the option that has one, as it stands; empty where there is none.
     std::wstring valueOf(std::wstring_view option) const;
 
-    // The first mode of modeTable() whose option is present, else the interactive one.
+    // The first mode, in the order of the table in options.cpp, whose option is present; else the interactive one.
     Mode mode() const;
 
 private:

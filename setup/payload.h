@@ -1,18 +1,12 @@
 // Getting the embedded payloads out: bytes from the program's own resources, files on disk.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
-#include <span>
 #include <string>
 
 #include "base/win32/held_file.h"
 
 namespace velquin::setup {
-
-// The bytes of a payload resource; they live as long as the process. Empty, with a log line, when it is missing or
-// empty.
-std::span<const std::byte> payloadBytes(int32_t resourceId);
 
 // Writes a payload to a file, over one that is there. False with a log line on failure.
 bool extractPayload(int32_t resourceId, const std::wstring& targetPath);

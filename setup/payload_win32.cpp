@@ -1,5 +1,8 @@
 #include <windows.h>
 
+#include <cstddef>
+#include <span>
+
 #include "base/win32/files.h"
 #include "base/win32/system.h"
 #include "base/windows_path.h"
@@ -28,8 +31,8 @@ std::wstring failureText(const base::HeldFile& file, DWORD error) {
     }
 }
 
-}  // namespace
-
+// The bytes of a payload resource; they live as long as the process. Empty, with a log line, when it is missing or
+// empty.
 std::span<const std::byte> payloadBytes(int32_t resourceId) {
     const HRSRC found = FindResourceW(nullptr, MAKEINTRESOURCEW(resourceId), kPayloadType);
     if (found == nullptr) {
@@ -45,6 +48,8 @@ std::span<const std::byte> payloadBytes(int32_t resourceId) {
     }
     return {bytes, size};
 }
+
+}  // namespace
 
 bool extractPayload(int32_t resourceId, const std::wstring& targetPath) {
     const std::span<const std::byte> bytes = payloadBytes(resourceId);
