@@ -23,18 +23,11 @@ TEST(ProductPaths, EachPathHasItsFallback) {
         {&P::configurationFile, {}, data + LR"(\velquin.json)"},
         {&P::configurationFile, {&F::localAppData, &F::appData}, dataInTemp + LR"(\velquin.json)"},
         {&P::legacyConfigurationFile, {}, data + LR"(\quenbria.veracrypt.json)"},
-        {&P::roamingFolder, {&F::appData}, data},
         {&P::roamingFolder, {&F::appData, &F::localAppData}, dataInTemp},
-        {&P::startMenuShortcut, {}, LR"(P:\Programs\Vantorik\)" + link},
         {&P::startMenuShortcut, {&F::commonPrograms}, L"R:\\Roaming" + programs + L"Vantorik\\" + link},
         {&P::legacyStartMenuShortcut, {&F::commonPrograms, &F::appData}, data + programs + L"Lumora\\" + link},
         {&P::startupShortcut, {&F::appData}, data + programs + L"Startup\\" + link},
-        {&P::legacyStartupShortcut,
-         {},
-         L"R:\\Roaming" + programs + LR"(Startup\Lumora - Quenbria VeraCrypt mount.lnk)"},
-        {&P::desktopShortcut, {&F::userProfile}, L"D:\\Desk\\" + link},
         {&P::desktopShortcut, {&F::desktop}, LR"(U:\Home\Desktop\)" + link},
-        {&P::desktopShortcut, {&F::desktop, &F::userProfile}, LR"(R:\Roaming\Desktop\)" + link},
         {&P::desktopShortcut, {&F::desktop, &F::userProfile, &F::appData}, data + LR"(\Desktop\)" + link},
     };
     for (const Case& c : cases) {

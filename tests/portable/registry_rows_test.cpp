@@ -6,21 +6,13 @@ namespace {
 
 using namespace velquin::setup;
 
-constexpr uint32_t kMax32 = 0xFFFFFFFF;
-
-std::wstring printed(const std::vector<RegistryRow>& rows) {
-    std::wstring out;
-    for (const RegistryRow& row : rows) {
-        const auto* text = std::get_if<std::wstring>(&row.content);
-        out += L"\n" + row.key + L" [" + row.name + L"] " +
-               (text != nullptr ? *text : L"dword " + std::to_wstring(std::get<uint32_t>(row.content)));
-    }
-    return out;
-}
-
 TEST(RegistryRows, Applications) {
     const auto rows = applicationRows(kApplications[1], LR"(D:\a b)");
-    EXPECT_EQ(printed(rows),
+    std::wstring printed;
+    for (const RegistryRow& row : rows) {
+        printed += L"\n" + row.key + L" [" + row.name + L"] " + std::get<std::wstring>(row.content);
+    }
+    EXPECT_EQ(printed,
               LR"(
 Software\Microsoft\Windows\CurrentVersion\App Paths\VelquinSetup.exe [] D:\a b\VelquinSetup.exe
 Software\Microsoft\Windows\CurrentVersion\App Paths\VelquinSetup.exe [Path] D:\a b
@@ -37,6 +29,7 @@ Software\Classes\Applications\VelquinSetup.exe\shell\open\command [] "D:\a b\Vel
 }
 
 TEST(RegistryRows, SizesInKib) {
+    constexpr uint32_t kMax32 = 0xFFFFFFFF;
     constexpr std::pair<uint64_t, uint32_t> kCases[] = {
         {0, 0},
         {1, 1},
