@@ -1,6 +1,8 @@
 #include "setup/running_copies.h"
 
 #include "base/text.h"
+#include "base/win32/files.h"
+#include "base/win32/process.h"
 #include "base/windows_path.h"
 #include "core/product_paths.h"
 #include "setup/time_limits.h"
@@ -9,41 +11,37 @@
 namespace {
 
 using namespace velquin::test;
-using testing::ElementsAre;
-using testing::UnorderedElementsAre;
 using velquin::setup::stopProcessesNamed;
-
-std::wstring pidOf(const Child& child) {
-    return L"pid=" + std::to_wstring(child.id());
-}
 
 class RunningCopies : public UnitTest {
 protected:
     // How long it takes to stop one process in the given mode, in milliseconds.
     ULONGLONG timeToTerminate(const std::wstring& mode) {
         const std::wstring name = mode + uniqueName() + L".exe";
-        const Child child = Child::ready(copyOf(closeTarget(), name), mode);
+        const Child child(copyOf(closeTarget(), name), mode);
         const ULONGLONG start = GetTickCount64();
         stopProcessesNamed(name);
         const ULONGLONG elapsed = GetTickCount64() - start;
         EXPECT_EQ(child.exitCode(), 0u);
-        EXPECT_EQ(log().back(), L"process force terminated " + pidOf(child));
+        EXPECT_EQ(log().back(), L"process force terminated pid=" + std::to_wstring(child.id()));
         return elapsed;
     }
 };
 
 TEST_F(RunningCopies, WindowsOfAllCopiesAreAskedToClose) {
     const std::wstring name = L"Copy-" + uniqueName();
-    const Child first = Child::ready(copyOf(closeTarget(), L"one\\" + name + L".exe"), L"window");
-    const Child second = Child::ready(copyOf(closeTarget(), L"two\\" + name + L".EXE"), L"window");
-    const Child longer = Child::ready(copyOf(closeTarget(), L"three\\" + name + L".exe.exe"), L"window");
-    const Child prefixed = Child::ready(copyOf(closeTarget(), L"four\\x" + name + L".exe"), L"window");
+    const Child first(copyOf(closeTarget(), L"one\\" + name + L".exe"), L"window");
+    const Child second(copyOf(closeTarget(), L"two\\" + name + L".EXE"), L"window");
+    const Child other(copyOf(closeTarget(), name + L".exe.exe"), L"windowless");
     stopProcessesNamed(base::lowered(name) + L".exe");
     EXPECT_EQ(first.exitCode(), 7u);
     EXPECT_EQ(second.exitCode(), 7u);
-    EXPECT_TRUE(longer.runs());
-    EXPECT_TRUE(prefixed.runs());
-    EXPECT_THAT(log(), UnorderedElementsAre(L"process closed " + pidOf(first), L"process closed " + pidOf(second)));
+    EXPECT_TRUE(other.runs());
+    stopProcessesNamed(base::lowered(name) + L".exe");
+    const std::wstring closed = L"process closed pid=";
+    EXPECT_THAT(log(), testing::UnorderedElementsAre(closed + std::to_wstring(first.id()),
+                                                     closed + std::to_wstring(second.id()),
+                                                     L"no running copy of " + base::lowered(name) + L".exe"));
 }
 
 TEST_F(RunningCopies, OnesThatDoNotCloseAreTerminatedAndOnlyThoseWithAWindowAreWaitedFor) {
@@ -53,22 +51,17 @@ TEST_F(RunningCopies, OnesThatDoNotCloseAreTerminatedAndOnlyThoseWithAWindowAreW
     EXPECT_LT(windowless * 4, stubborn) << "it was waited for although there was nothing to ask";
 }
 
-TEST_F(RunningCopies, SaysWhenThereIsNothingToStop) {
-    const std::wstring name = uniqueName() + L".exe";
-    stopProcessesNamed(name);
-    EXPECT_THAT(log(), ElementsAre(L"no running copy of " + name));
-}
-
 // In a copy with a name of its own: by this program's real name it would stop the tests that run beside it.
 TEST_F(RunningCopies, TheCallerItselfIsSpared) {
-    if (isCopy()) {
-        stopProcessesNamed(base::lowered(base::fileName(velquin::ownFile())));
+    const std::wstring own = velquin::ownFile();
+    if (base::fileName(own).starts_with(L"velquin-unit-")) {
+        stopProcessesNamed(base::fileName(own));
+        writeFile(own + L".spared", "");
         return;
     }
-    const std::wstring name = uniqueName() + L".exe";
-    const Child twin = Child::ready(copyOf(closeTarget(), L"other folder\\" + name), L"window");
-    EXPECT_TRUE(passesInCopy(name)) << "it ended itself";
-    EXPECT_EQ(twin.exitCode(), 7u);
+    const std::wstring copy = copyOf(own, uniqueName() + L".exe");
+    base::runProcessAndWait(copy, L"--gtest_filter=RunningCopies.TheCallerItselfIsSpared", kPatienceMs, nullptr, true);
+    EXPECT_TRUE(base::fileExists(copy + L".spared"));
 }
 
 }  // namespace

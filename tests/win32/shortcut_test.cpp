@@ -4,8 +4,6 @@
 
 #include <propkey.h>
 
-#include <thread>
-
 #include "base/win32/com.h"
 #include "base/win32/files.h"
 #include "core/product.h"
@@ -15,110 +13,60 @@ namespace {
 
 using namespace velquin::test;
 using testing::ElementsAre;
+using testing::StartsWith;
 using velquin::setup::createShortcut;
 using velquin::setup::deleteShortcut;
 
 class Shortcut : public UnitTest {};
 
-struct Link {
-    std::wstring target, arguments, folder, description, icon;
-    int iconIndex = -1;
-};
-
-Link readLink(const std::wstring& path) {
+// Target, arguments, working folder, description and icon file; nothing when the link cannot be read.
+std::vector<std::wstring> readLink(const std::wstring& path) {
     const base::ComApartment apartment;
-    base::ComPtr<IShellLinkW> shellLink;
+    base::ComPtr<IShellLinkW> link;
     base::ComPtr<IPersistFile> file;
-    Link link;
-    if (FAILED(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, shellLink.put())) ||
-        FAILED(shellLink->QueryInterface(IID_IPersistFile, file.put())) ||
-        FAILED(file->Load(path.c_str(), STGM_READ))) {
-        ADD_FAILURE() << "the link cannot be read";
-        return link;
+    if (FAILED(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, link.put())) ||
+        FAILED(link->QueryInterface(IID_IPersistFile, file.put())) || FAILED(file->Load(path.c_str(), STGM_READ))) {
+        return {};
     }
-    wchar_t text[1024] = {};
-    const auto read = [&text](HRESULT result) { return SUCCEEDED(result) ? std::wstring(text) : L"failed"; };
-    link.target = read(shellLink->GetPath(text, std::size(text), nullptr, SLGP_RAWPATH));
-    link.arguments = read(shellLink->GetArguments(text, std::size(text)));
-    link.folder = read(shellLink->GetWorkingDirectory(text, std::size(text)));
-    link.description = read(shellLink->GetDescription(text, std::size(text)));
-    link.icon = read(shellLink->GetIconLocation(text, std::size(text), &link.iconIndex));
-    return link;
+    constexpr int kLength = 1024;
+    wchar_t texts[5][kLength] = {};
+    int icon = -1;
+    link->GetPath(texts[0], kLength, nullptr, SLGP_RAWPATH);
+    link->GetArguments(texts[1], kLength);
+    link->GetWorkingDirectory(texts[2], kLength);
+    link->GetDescription(texts[3], kLength);
+    link->GetIconLocation(texts[4], kLength, &icon);
+    EXPECT_EQ(icon, 0);
+    return {std::begin(texts), std::end(texts)};
 }
 
-// Where the show command stands in a link file (MS-SHLLINK, ShellLinkHeader). IShellLinkW gives a folded value.
-constexpr size_t kShowCommandOffset = 0x3C;
-
-TEST_F(Shortcut, HoldsWhatItWasGiven) {
+TEST_F(Shortcut, HoldsWhatItWasGivenUntilItIsDeleted) {
     const std::wstring file = path(L"new folder\\Програми\\Link.lnk");
     const std::wstring target = path(L"Prográmme und mehr\\Vélquin.exe");
-    writeFile(target, "program");
-    ASSERT_TRUE(createShortcut(file, target, LR"(--mount --config "C:\a b\c.json")", L"Manage – Програми",
-                               velquin::kAppUserModelId));
-    const Link link = readLink(file);
-    EXPECT_EQ(link.target, target);
-    EXPECT_EQ(link.arguments, LR"(--mount --config "C:\a b\c.json")");
-    EXPECT_EQ(link.folder, path(L"Prográmme und mehr"));
-    EXPECT_EQ(link.description, L"Manage – Програми");
-    EXPECT_EQ(link.icon, target);
-    EXPECT_EQ(link.iconIndex, 0);
+    const std::wstring arguments = LR"(--mount --config "C:\a b\c.json")";
+    ASSERT_TRUE(createShortcut(file, target, arguments, L"Manage – Програми", velquin::kAppUserModelId));
+    EXPECT_THAT(readLink(file),
+                ElementsAre(target, arguments, path(L"Prográmme und mehr"), L"Manage – Програми", target));
+    // Where the show command stands in a link file. IShellLinkW gives a folded value.
+    constexpr size_t kShowCommandOffset = 0x3C;
     EXPECT_EQ(readFile(file).at(kShowCommandOffset), SW_SHOWMINNOACTIVE);
-
-    // A second one replaces the first with all its parts; its target need not be there.
+    // A second one replaces the first with all its parts.
     ASSERT_TRUE(createShortcut(file, LR"(C:\Other\App.exe)", L"", L"", L""));
-    const Link replaced = readLink(file);
-    EXPECT_EQ(replaced.target, LR"(C:\Other\App.exe)");
-    EXPECT_EQ(replaced.arguments, L"");
-    EXPECT_EQ(replaced.folder, LR"(C:\Other)");
-    EXPECT_EQ(replaced.description, L"");
-    EXPECT_THAT(log(), ElementsAre(L"shortcut created: " + file + L" -> " + target,
-                                   L"shortcut created: " + file + LR"( -> C:\Other\App.exe)"));
-}
+    EXPECT_THAT(readLink(file), ElementsAre(LR"(C:\Other\App.exe)", L"", LR"(C:\Other)", L"", LR"(C:\Other\App.exe)"));
 
-TEST_F(Shortcut, PlaceThatCannotBeWrittenToFails) {
-    writeFile(path(L"file"), "in the way");
-    base::createFolders(path(L"folder.lnk"));
-    const std::wstring belowFile = path(L"file\\Link.lnk");
-    for (const std::wstring& link : {belowFile, path(L"folder.lnk")}) {
-        EXPECT_FALSE(createShortcut(link, LR"(C:\App.exe)", L"", L"", L""));
-        EXPECT_FALSE(base::fileExists(link));
-    }
-    EXPECT_THAT(log(), ElementsAre(L"shortcut failed: " + belowFile + L" hresult=0x80070003",
-                                   testing::StartsWith(L"shortcut failed: " + path(L"folder.lnk") + L" hresult=0x8")));
-}
-
-TEST_F(Shortcut, LeavesComOfTheThreadAsItWas) {
-    for (const bool initialised : {false, true}) {
-        std::thread([&] {
-            if (initialised) {
-                ASSERT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_OK);
-            }
-            EXPECT_TRUE(createShortcut(path(L"Link.lnk"), LR"(C:\App.exe)", L"", L"", velquin::kAppUserModelId));
-            APTTYPE type{};
-            APTTYPEQUALIFIER qualifier{};
-            EXPECT_EQ(CoGetApartmentType(&type, &qualifier), initialised ? S_OK : CO_E_NOTINITIALIZED);
-            if (initialised) {
-                EXPECT_EQ(type, APTTYPE_MTA);
-                CoUninitialize();
-            }
-        }).join();
-    }
-}
-
-TEST_F(Shortcut, OnesThatAreMissingCountAsDeleted) {
-    const std::wstring file = path(L"Link.lnk");
-    const std::wstring folder = path(L"Folder.lnk");
-    writeFile(file, "link");
-    base::createFolders(folder);
     EXPECT_TRUE(deleteShortcut(file));
     EXPECT_FALSE(base::pathExists(file));
-    EXPECT_TRUE(deleteShortcut(file));
-    const std::wstring nowhere = path(L"no folder\\Link.lnk");
-    EXPECT_TRUE(deleteShortcut(nowhere));
-    EXPECT_FALSE(deleteShortcut(folder));
-    EXPECT_THAT(log(), ElementsAre(L"shortcut deleted: " + file, L"shortcut not there: " + file,
-                                   L"shortcut not there: " + nowhere,
-                                   testing::StartsWith(L"shortcut delete failed: " + folder + L" error=")));
+    EXPECT_TRUE(deleteShortcut(file)) << "a missing one counts as deleted";
+    EXPECT_FALSE(deleteShortcut(folder_));
+    writeFile(path(L"file"), "in the way");
+    EXPECT_FALSE(createShortcut(path(L"file\\Link.lnk"), target, L"", L"", L""));
+    EXPECT_FALSE(createShortcut(folder_, target, L"", L"", L""));
+    EXPECT_THAT(log(), ElementsAre(L"shortcut created: " + file + L" -> " + target,
+                                   L"shortcut created: " + file + LR"( -> C:\Other\App.exe)",
+                                   L"shortcut deleted: " + file, L"shortcut not there: " + file,
+                                   StartsWith(L"shortcut delete failed: " + folder_ + L" error="),
+                                   L"shortcut failed: " + path(L"file\\Link.lnk") + L" hresult=0x80070003",
+                                   StartsWith(L"shortcut failed: " + folder_ + L" hresult=0x8")));
 }
 
 // A property store that remembers what was done with it. It lives on the stack, so nobody has to count references.

@@ -1,9 +1,9 @@
 #include "tests/win32/support.h"
 
-#include <atomic>
-#include <bit>
+#include <algorithm>
 #include <regex>
 #include <span>
+#include <sstream>
 
 #include "base/argument_quoting.h"
 #include "base/text.h"
@@ -16,28 +16,23 @@
 namespace velquin::test {
 namespace {
 
-constexpr DWORD kPatienceMs = 30000;
-
-// In a copy: the file to make when the test has passed. Its exit code alone would not tell that nobody ended it.
-constexpr wchar_t kPassedVariable[] = L"VELQUIN_TEST_PASSED";
+base::UniqueHandle start(const std::wstring& program, std::wstring commandLine, const wchar_t* folder) {
+    STARTUPINFOW startup{};
+    startup.cb = sizeof(startup);
+    PROCESS_INFORMATION process{};
+    EXPECT_TRUE(CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, folder,
+                               &startup, &process))
+        << "cannot start " << base::toUtf8(commandLine);
+    const base::UniqueHandle thread(process.hThread);
+    return base::UniqueHandle(process.hProcess);
+}
 
 }  // namespace
 
 std::wstring uniqueName() {
-    static std::atomic<int> count = 0;
+    static int count = 0;
     return L"velquin-unit-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(GetTickCount64()) + L"-" +
            std::to_wstring(++count);
-}
-
-bool waitUntil(const std::function<bool()>& condition) {
-    const ULONGLONG end = GetTickCount64() + kPatienceMs;
-    while (!condition()) {
-        if (GetTickCount64() > end) {
-            return false;
-        }
-        Sleep(10);
-    }
-    return true;
 }
 
 void writeFile(const std::wstring& path, std::string_view bytes) {
@@ -60,61 +55,7 @@ std::vector<std::wstring> namesIn(const std::wstring& folder) {
     return names;
 }
 
-bool makeLink(const std::wstring& link, const std::wstring& target) {
-    // Wine only pretends to make symbolic links, but shows those of the system around it, whose own program can make
-    // one.
-    using UnixName = char*(CDECL*)(const wchar_t*);
-    const auto unixName =
-        std::bit_cast<UnixName>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "wine_get_unix_file_name"));
-    if (unixName == nullptr) {
-        const DWORD kind = base::folderExists(target) ? SYMBOLIC_LINK_FLAG_DIRECTORY : 0;
-        return CreateSymbolicLinkW(link.c_str(), target.c_str(), kind) != 0;
-    }
-    const auto converted = [unixName](const std::wstring& path) {
-        char* name = unixName(path.c_str());
-        std::wstring text = base::toWide(name != nullptr ? name : "");
-        HeapFree(GetProcessHeap(), 0, name);
-        return text;
-    };
-    const std::vector<std::wstring> arguments = {L"ln", L"-s", converted(target),
-                                                 converted(base::parentPath(link)) + L"/" + base::fileName(link)};
-    std::wstring commandLine = base::joinArguments(arguments);
-    STARTUPINFOW startup{};
-    startup.cb = sizeof(startup);
-    PROCESS_INFORMATION process{};
-    // There is no handle to a program of the other system: its deed has to be awaited.
-    return CreateProcessW(LR"(Z:\bin\ln)", commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                          &process) &&
-           waitUntil([&link] { return base::pathExists(link); });
-}
-
-ScopedVariable::ScopedVariable(const wchar_t* name, const wchar_t* value) : name_(name) {
-    std::wstring previous(32767, L'\0');
-    SetLastError(ERROR_SUCCESS);
-    const DWORD length = GetEnvironmentVariableW(name, previous.data(), static_cast<DWORD>(previous.size()));
-    if (length > 0 || GetLastError() != ERROR_ENVVAR_NOT_FOUND) {
-        previous_ = previous.substr(0, length);
-    }
-    SetEnvironmentVariableW(name, value);
-}
-
-ScopedVariable::~ScopedVariable() {
-    SetEnvironmentVariableW(name_, previous_ ? previous_->c_str() : nullptr);
-}
-
-TempFolder::TempFolder() : path_(base::joinPath(base::temporaryFolder(), uniqueName())) {
-    EXPECT_TRUE(base::createFolders(path_));
-}
-
-TempFolder::~TempFolder() {
-    base::removeTree(path_, [](const std::wstring& link) { RemoveDirectoryW(link.c_str()); });
-}
-
-std::wstring TempFolder::operator/(std::wstring_view name) const {
-    return base::joinPath(path_, name);
-}
-
-OwnLocalMachine::OwnLocalMachine() : key_(L"Software\\VelquinTests\\" + uniqueName()) {
+OwnLocalMachine::OwnLocalMachine() {
     base::UniqueRegistryKey key;
     EXPECT_EQ(RegCreateKeyW(HKEY_CURRENT_USER, key_.c_str(), key.put()), ERROR_SUCCESS);
     EXPECT_EQ(RegOverridePredefKey(HKEY_LOCAL_MACHINE, key.get()), ERROR_SUCCESS);
@@ -125,9 +66,9 @@ OwnLocalMachine::~OwnLocalMachine() {
     EXPECT_EQ(RegDeleteTreeW(HKEY_CURRENT_USER, key_.c_str()), ERROR_SUCCESS);
 }
 
-void setRawValue(HKEY root, const std::wstring& key, const wchar_t* name, DWORD type, std::string_view bytes) {
+void setRawValue(const std::wstring& key, const wchar_t* name, DWORD type, std::string_view bytes) {
     base::UniqueRegistryKey opened;
-    EXPECT_EQ(RegCreateKeyW(root, key.c_str(), opened.put()), ERROR_SUCCESS);
+    EXPECT_EQ(RegCreateKeyW(HKEY_LOCAL_MACHINE, key.c_str(), opened.put()), ERROR_SUCCESS);
     // Windows adds a terminator that it finds right behind a text, so something else has to stand there.
     const std::string guarded = std::string(bytes) + "guard";
     EXPECT_EQ(RegSetValueExW(opened.get(), name, 0, type, reinterpret_cast<const BYTE*>(guarded.data()),
@@ -139,30 +80,40 @@ std::string bytesOf(std::wstring_view text) {
     return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(wchar_t)};
 }
 
+UnitTest::UnitTest() : folder_(base::joinPath(base::temporaryFolder(), uniqueName())) {
+    EXPECT_TRUE(base::createFolders(folder_));
+    SetEnvironmentVariableW(L"LOCALAPPDATA", path(L"local").c_str());
+}
+
+UnitTest::~UnitTest() {
+    base::removeTree(folder_, [](const std::wstring& link) { RemoveDirectoryW(link.c_str()); });
+}
+
+std::wstring UnitTest::path(std::wstring_view name) const {
+    return base::joinPath(folder_, name);
+}
+
 std::wstring UnitTest::copyOf(const std::wstring& program, std::wstring_view name) const {
     std::wstring copy = path(name);
     EXPECT_TRUE(base::createFolders(base::parentPath(copy)) && CopyFileW(program.c_str(), copy.c_str(), TRUE));
     return copy;
 }
 
-void UnitTest::TearDown() {
-    if (isCopy() && !HasFailure()) {
-        writeFile(base::environmentVariable(kPassedVariable, L""), "");
+bool UnitTest::makeLink(const std::wstring& name, const std::wstring& target) const {
+    // Wine only pretends to make symbolic links, but shows those of the system around it, whose own program makes one.
+    const std::wstring program = LR"(Z:\bin\ln)";
+    if (!base::fileExists(program)) {
+        return CreateSymbolicLinkW(path(name).c_str(), path(target).c_str(), SYMBOLIC_LINK_FLAG_DIRECTORY) != 0;
     }
-}
-
-bool UnitTest::passesInCopy(std::wstring_view name) const {
-    const std::wstring copy = copyOf(ownFile(), name);
-    const std::wstring passed = path(L"passed");
-    const ScopedVariable variable(kPassedVariable, passed.c_str());
-    const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
-    const std::string filter = std::string("--gtest_filter=") + test.test_suite_name() + "." + test.name();
-    const Child child(copy, base::toWide(filter));
-    return child.exitCode() == 0u && base::fileExists(passed);
-}
-
-bool UnitTest::isCopy() {
-    return !base::environmentVariable(kPassedVariable, L"").empty();
+    std::wstring names = target + L" " + name;
+    std::ranges::replace(names, L'\\', L'/');
+    start(program, L"ln -sr " + names, folder_.c_str());
+    // There is no handle to a program of the other system: its deed has to be awaited.
+    const ULONGLONG end = GetTickCount64() + kPatienceMs;
+    while (!base::isLink(path(name)) && GetTickCount64() < end) {
+        Sleep(5);
+    }
+    return base::isLink(path(name));
 }
 
 std::vector<std::wstring> UnitTest::log() const {
@@ -170,16 +121,13 @@ std::vector<std::wstring> UnitTest::log() const {
     if (!base::fileExists(setupLogFile())) {
         return texts;
     }
-    static const std::wregex stamp(LR"(\d{1,2}\.\d{1,2}\.\d{4}  \d{1,2}:\d\d:\d\d)");
-    const std::wstring all = base::toWide(readFile(setupLogFile()));
-    for (size_t start = 0; start < all.size();) {
-        const size_t end = std::min(all.find(L'\n', start), all.size());
-        const std::wstring line = all.substr(start, end - start);
-        const size_t behindDate = std::min(line.find(L"  "), line.size() - 1) + 2;
-        const size_t stampEnd = std::min(line.find(L"  ", behindDate), line.size());
-        EXPECT_TRUE(std::regex_match(line.substr(0, stampEnd), stamp)) << "no log line: " << base::toUtf8(line);
-        texts.push_back(line.substr(std::min(stampEnd + 2, line.size())));
-        start = end + 1;
+    static const std::wregex stamp(LR"(\d{1,2}\.\d{1,2}\.\d{4}  \d{1,2}:\d\d:\d\d  )");
+    std::wistringstream lines(base::toWide(readFile(setupLogFile())));
+    for (std::wstring line; std::getline(lines, line);) {
+        std::wsmatch match;
+        EXPECT_TRUE(std::regex_search(line, match, stamp, std::regex_constants::match_continuous))
+            << "no log line: " << base::toUtf8(line);
+        texts.push_back(match.suffix());
     }
     return texts;
 }
@@ -188,40 +136,23 @@ std::wstring closeTarget() {
     return base::joinPath(ownFolder(), L"close_target.exe");
 }
 
-Child::Child(const std::wstring& program, const std::wstring& arguments) {
-    std::wstring commandLine = base::quoteArgument(program) + L" " + arguments;
-    STARTUPINFOW startup{};
-    startup.cb = sizeof(startup);
-    PROCESS_INFORMATION process{};
-    EXPECT_TRUE(CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                               &startup, &process))
-        << "cannot start " << base::toUtf8(commandLine);
-    const base::UniqueHandle thread(process.hThread);
-    process_.reset(process.hProcess);
-}
-
-Child Child::ready(const std::wstring& program, const std::wstring& mode) {
+Child::Child(const std::wstring& program, const std::wstring& mode) {
     const std::wstring name = uniqueName();
-    const base::UniqueHandle event(CreateEventW(nullptr, TRUE, FALSE, name.c_str()));
-    Child child(program, mode + L" " + name);
-    EXPECT_EQ(WaitForSingleObject(event.get(), kPatienceMs), WAIT_OBJECT_0) << "it never became ready";
-    return child;
+    const base::UniqueHandle ready(CreateEventW(nullptr, TRUE, FALSE, name.c_str()));
+    process_ = start(program, base::quoteArgument(program) + L" " + mode + L" " + name, nullptr);
+    EXPECT_EQ(WaitForSingleObject(ready.get(), kPatienceMs), WAIT_OBJECT_0) << "it never became ready";
 }
 
 Child::~Child() {
-    if (process_ && runs()) {
-        TerminateProcess(process_.get(), 99);
-        // Its file can be deleted only when it has ended.
-        WaitForSingleObject(process_.get(), kPatienceMs);
-    }
+    // Its file can be deleted only when it has ended.
+    TerminateProcess(process_.get(), 99);
+    WaitForSingleObject(process_.get(), kPatienceMs);
 }
 
-std::optional<DWORD> Child::exitCode() const {
+DWORD Child::exitCode() const {
     DWORD code = 0;
-    if (WaitForSingleObject(process_.get(), kPatienceMs) != WAIT_OBJECT_0 ||
-        !GetExitCodeProcess(process_.get(), &code)) {
-        return std::nullopt;
-    }
+    WaitForSingleObject(process_.get(), kPatienceMs);
+    EXPECT_TRUE(GetExitCodeProcess(process_.get(), &code));
     return code;
 }
 

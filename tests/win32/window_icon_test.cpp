@@ -1,36 +1,12 @@
 #include "setup/window_icon.h"
 
-#include "tests/win32/support.h"
+#include <windows.h>
+
+#include <gtest/gtest.h>
 
 namespace {
 
 using velquin::setup::applySetupWindowIcon;
-
-// A window that nobody sees, of a class of its own, since the class keeps its icons.
-class WindowIcon : public testing::Test {
-protected:
-    WindowIcon() {
-        WNDCLASSW windowClass{};
-        windowClass.lpfnWndProc = DefWindowProcW;
-        windowClass.lpszClassName = className_.c_str();
-        windowClass.hInstance = instance_;
-        RegisterClassW(&windowClass);
-        window_ = CreateWindowExW(0, className_.c_str(), L"", WS_OVERLAPPEDWINDOW, 0, 0, 10, 10, nullptr, nullptr,
-                                  instance_, nullptr);
-        EXPECT_NE(window_, nullptr);
-    }
-    ~WindowIcon() override {
-        DestroyWindow(window_);
-        UnregisterClassW(className_.c_str(), instance_);
-    }
-
-    HICON icon(WPARAM kind) const { return reinterpret_cast<HICON>(SendMessageW(window_, WM_GETICON, kind, 0)); }
-    HICON classIcon(int index) const { return reinterpret_cast<HICON>(GetClassLongPtrW(window_, index)); }
-
-    const HINSTANCE instance_ = GetModuleHandleW(nullptr);
-    const std::wstring className_ = velquin::test::uniqueName();
-    HWND window_ = nullptr;
-};
 
 SIZE sizeOf(HICON icon) {
     ICONINFO info{};
@@ -42,33 +18,31 @@ SIZE sizeOf(HICON icon) {
     return {bitmap.bmWidth, bitmap.bmHeight};
 }
 
-TEST_F(WindowIcon, WindowAndClassGetBothSizes) {
-    ASSERT_EQ(icon(ICON_BIG), nullptr);
-    ASSERT_EQ(icon(ICON_SMALL), nullptr);
-    applySetupWindowIcon(window_, instance_);
-    ASSERT_NE(icon(ICON_BIG), nullptr);
-    ASSERT_NE(icon(ICON_SMALL), nullptr);
-    EXPECT_EQ(classIcon(GCLP_HICON), icon(ICON_BIG));
-    EXPECT_EQ(classIcon(GCLP_HICONSM), icon(ICON_SMALL));
-    const SIZE big = sizeOf(icon(ICON_BIG));
-    EXPECT_EQ(big.cx, GetSystemMetrics(SM_CXICON));
-    EXPECT_EQ(big.cy, GetSystemMetrics(SM_CYICON));
-    const SIZE small = sizeOf(icon(ICON_SMALL));
-    EXPECT_EQ(small.cx, GetSystemMetrics(SM_CXSMICON));
-    EXPECT_EQ(small.cy, GetSystemMetrics(SM_CYSMICON));
-}
-
-TEST_F(WindowIcon, NothingHappensWithoutAWindowOrAnIcon) {
-    applySetupWindowIcon(window_, instance_);
-    const HICON big = icon(ICON_BIG);
-    const HICON small = icon(ICON_SMALL);
-    applySetupWindowIcon(window_, GetModuleHandleW(L"kernel32.dll"));
-    EXPECT_EQ(icon(ICON_BIG), big);
-    EXPECT_EQ(icon(ICON_SMALL), small);
-    EXPECT_EQ(classIcon(GCLP_HICON), big);
+TEST(WindowIcon, WindowAndClassGetBothSizes) {
+    const HINSTANCE instance = GetModuleHandleW(nullptr);
+    const HWND window = CreateWindowW(L"STATIC", L"", 0, 0, 0, 9, 9, nullptr, nullptr, instance, nullptr);
+    ASSERT_NE(window, nullptr);
+    const auto icon = [window](WPARAM kind) {
+        return reinterpret_cast<HICON>(SendMessageW(window, WM_GETICON, kind, 0));
+    };
+    applySetupWindowIcon(window, GetModuleHandleW(L"kernel32.dll"));
+    EXPECT_EQ(icon(ICON_BIG), nullptr) << "there is none to take";
+    applySetupWindowIcon(window, instance);
+    const struct {
+        WPARAM kind;
+        int classIndex, widthMetric, heightMetric;
+    } slots[] = {{ICON_BIG, GCLP_HICON, SM_CXICON, SM_CYICON}, {ICON_SMALL, GCLP_HICONSM, SM_CXSMICON, SM_CYSMICON}};
+    for (const auto& slot : slots) {
+        ASSERT_NE(icon(slot.kind), nullptr);
+        EXPECT_EQ(GetClassLongPtrW(window, slot.classIndex), reinterpret_cast<ULONG_PTR>(icon(slot.kind)));
+        const SIZE size = sizeOf(icon(slot.kind));
+        EXPECT_EQ(size.cx, GetSystemMetrics(slot.widthMetric));
+        EXPECT_EQ(size.cy, GetSystemMetrics(slot.heightMetric));
+    }
+    DestroyWindow(window);
     // A call to Windows about a null window would leave an error.
     SetLastError(ERROR_SUCCESS);
-    applySetupWindowIcon(nullptr, instance_);
+    applySetupWindowIcon(nullptr, instance);
     EXPECT_EQ(GetLastError(), DWORD{ERROR_SUCCESS});
 }
 
