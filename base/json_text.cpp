@@ -8,6 +8,7 @@ namespace base {
 namespace {
 
 constexpr size_t kNone = std::wstring_view::npos;
+constexpr wchar_t kJsonSpace[] = L" \t\r\n";
 
 struct Escape {
     wchar_t letter, character;
@@ -85,6 +86,37 @@ size_t appendUnicodeEscape(std::wstring& out, std::wstring_view text, size_t pos
     return 6;
 }
 
+// The position behind the string that opens at `open`, or kNone when it does not close.
+size_t endOfString(std::wstring_view text, size_t open) {
+    for (size_t i = open + 1; i < text.size(); ++i) {
+        if (text[i] == L'\\') {
+            ++i;
+        } else if (text[i] == L'"') {
+            return i + 1;
+        }
+    }
+    return kNone;
+}
+
+// The position behind the bracket that closes the one at `open`, or kNone when there is none.
+size_t endOfBrackets(std::wstring_view text, size_t open) {
+    size_t depth = 0;
+    for (size_t i = open; i < text.size();) {
+        const wchar_t c = text[i];
+        if (c == L'"') {
+            i = endOfString(text, i);
+            continue;
+        }
+        ++i;
+        if (c == L'{' || c == L'[') {
+            ++depth;
+        } else if ((c == L'}' || c == L']') && --depth == 0) {
+            return i;
+        }
+    }
+    return kNone;
+}
+
 }  // namespace
 
 std::optional<std::wstring> readJsonString(std::wstring_view text, std::wstring_view key) {
@@ -93,14 +125,8 @@ std::optional<std::wstring> readJsonString(std::wstring_view text, std::wstring_
     if (open == kNone) {
         return std::nullopt;
     }
-    for (size_t i = open + 1; i < text.size(); ++i) {
-        if (text[i] == L'\\') {
-            ++i;
-        } else if (text[i] == L'"') {
-            return unescapeJson(text.substr(open + 1, i - open - 1));
-        }
-    }
-    return std::nullopt;
+    const size_t end = endOfString(text, open);
+    return end == kNone ? std::nullopt : std::optional(unescapeJson(text.substr(open + 1, end - open - 2)));
 }
 
 std::wstring readJsonStringOr(std::wstring_view text, std::wstring_view key, std::wstring_view fallback) {
@@ -117,6 +143,57 @@ bool readJsonBool(std::wstring_view text, std::wstring_view key, bool fallback) 
         return true;
     }
     return word.starts_with(L"false") ? false : fallback;
+}
+
+std::optional<std::wstring_view> readJsonRaw(std::wstring_view text, std::wstring_view key, wchar_t open) {
+    size_t start = valuePosition(text, key);
+    start = start == kNone ? kNone : text.find_first_not_of(kJsonSpace, start);
+    if (start == kNone || text[start] != open) {
+        return std::nullopt;
+    }
+    const size_t end = endOfBrackets(text, start);
+    return end == kNone ? std::nullopt : std::optional(text.substr(start, end - start));
+}
+
+std::vector<std::wstring_view> jsonElements(std::wstring_view array) {
+    std::vector<std::wstring_view> elements;
+    const std::wstring_view inner = array.substr(1, array.size() - 2);
+    size_t start = 0;
+    const auto endElement = [&](size_t end) {
+        const std::wstring_view element = trimmed(inner.substr(start, end - start));
+        if (!element.empty()) {
+            elements.push_back(element);
+        }
+        start = end + 1;
+    };
+    for (size_t i = 0; i < inner.size();) {
+        if (inner[i] == L'"') {
+            i = endOfString(inner, i);
+        } else if (inner[i] == L'{' || inner[i] == L'[') {
+            i = endOfBrackets(inner, i);
+        } else {
+            if (inner[i] == L',') {
+                endElement(i);
+            }
+            ++i;
+        }
+    }
+    endElement(inner.size());
+    return elements;
+}
+
+std::optional<std::vector<std::wstring>> readJsonStringArray(std::wstring_view text, std::wstring_view key) {
+    const auto array = readJsonRaw(text, key, L'[');
+    if (!array) {
+        return std::nullopt;
+    }
+    std::vector<std::wstring> strings;
+    for (const std::wstring_view element : jsonElements(*array)) {
+        if (element.size() >= 2 && element.front() == L'"' && endOfString(element, 0) == element.size()) {
+            strings.push_back(unescapeJson(element.substr(1, element.size() - 2)));
+        }
+    }
+    return strings;
 }
 
 std::wstring unescapeJson(std::wstring_view text) {

@@ -14,6 +14,9 @@ constexpr bool isHighSurrogate(char32_t c) {
 constexpr bool isLowSurrogate(char32_t c) {
     return c >= 0xDC00 && c <= 0xDFFF;
 }
+constexpr char32_t joinSurrogates(char32_t high, char32_t low) {
+    return 0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00);
+}
 
 // wchar_t may be signed or unsigned and 16 or 32 bits wide; a unit is its bits.
 char32_t unitAt(std::wstring_view text, size_t index) {
@@ -54,8 +57,8 @@ constexpr LeadRange kLeadRanges[] = {
     {0xEE, 0xEF, 2, 0x80, 0xBF}, {0xF0, 0xF0, 3, 0x90, 0xBF}, {0xF1, 0xF3, 3, 0x80, 0xBF}, {0xF4, 0xF4, 3, 0x80, 0x8F},
 };
 
-// Decodes one code point at `index`, which it moves behind what it read.
-char32_t decodeUtf8(std::string_view text, size_t& index) {
+// Decodes one code point at `index`, which it moves behind what it read. Nothing for an ill-formed part.
+std::optional<char32_t> decodeUtf8(std::string_view text, size_t& index) {
     const auto lead = static_cast<unsigned char>(text[index++]);
     if (lead < 0x80) {
         return lead;
@@ -63,23 +66,44 @@ char32_t decodeUtf8(std::string_view text, size_t& index) {
     const auto* range =
         std::ranges::find_if(kLeadRanges, [lead](const LeadRange& r) { return lead >= r.first && lead <= r.last; });
     if (range == std::end(kLeadRanges)) {
-        return kReplacement;
+        return std::nullopt;
     }
     char32_t value = lead & (0x3Fu >> range->trailing);
     for (int i = 0; i < range->trailing; ++i) {
         const unsigned char low = i == 0 ? range->secondFirst : 0x80;
         const unsigned char high = i == 0 ? range->secondLast : 0xBF;
         if (index >= text.size()) {
-            return kReplacement;
+            return std::nullopt;
         }
         const auto next = static_cast<unsigned char>(text[index]);
         if (next < low || next > high) {
-            return kReplacement;
+            return std::nullopt;
         }
         value = (value << 6) | (next & 0x3Fu);
         ++index;
     }
     return value;
+}
+
+// A unit at the end that lacks its second byte is dropped.
+std::wstring decodeUtf16(std::string_view bytes, bool bigEndian) {
+    const size_t count = bytes.size() / 2;
+    const auto unit = [bytes, bigEndian](size_t i) -> char32_t {
+        const auto first = static_cast<unsigned char>(bytes[2 * i]);
+        const auto second = static_cast<unsigned char>(bytes[2 * i + 1]);
+        return static_cast<char32_t>(bigEndian ? first << 8 | second : second << 8 | first);
+    };
+    std::wstring out;
+    out.reserve(count);
+    for (size_t i = 0; i < count; ++i) {
+        const char32_t c = unit(i);
+        if (isHighSurrogate(c) && i + 1 < count && isLowSurrogate(unit(i + 1))) {
+            appendCodePoint(out, joinSurrogates(c, unit(++i)));
+        } else {
+            appendCodePoint(out, isHighSurrogate(c) || isLowSurrogate(c) ? kReplacement : c);
+        }
+    }
+    return out;
 }
 
 }  // namespace
@@ -90,7 +114,7 @@ std::string toUtf8(std::wstring_view text) {
     for (size_t i = 0; i < text.size(); ++i) {
         char32_t c = unitAt(text, i);
         if (isHighSurrogate(c) && i + 1 < text.size() && isLowSurrogate(unitAt(text, i + 1))) {
-            c = 0x10000 + ((c - 0xD800) << 10) + (unitAt(text, ++i) - 0xDC00);
+            c = joinSurrogates(c, unitAt(text, ++i));
         }
         const bool valid = c <= 0x10FFFF && !isHighSurrogate(c) && !isLowSurrogate(c);
         appendUtf8(out, valid ? c : kReplacement);
@@ -113,9 +137,32 @@ std::wstring toWide(std::string_view utf8) {
     std::wstring out;
     out.reserve(utf8.size());
     for (size_t i = 0; i < utf8.size();) {
-        appendCodePoint(out, decodeUtf8(utf8, i));
+        appendCodePoint(out, decodeUtf8(utf8, i).value_or(kReplacement));
     }
     return out;
+}
+
+std::optional<std::wstring> toWideStrict(std::string_view utf8) {
+    std::wstring out;
+    out.reserve(utf8.size());
+    for (size_t i = 0; i < utf8.size();) {
+        const auto codePoint = decodeUtf8(utf8, i);
+        if (!codePoint) {
+            return std::nullopt;
+        }
+        appendCodePoint(out, *codePoint);
+    }
+    return out;
+}
+
+std::wstring decodeTextFile(std::string_view bytes) {
+    if (bytes.starts_with("\xFF\xFE")) {
+        return decodeUtf16(bytes.substr(2), false);
+    }
+    if (bytes.starts_with("\xFE\xFF")) {
+        return decodeUtf16(bytes.substr(2), true);
+    }
+    return toWide(bytes.starts_with("\xEF\xBB\xBF") ? bytes.substr(3) : bytes);
 }
 
 std::wstring_view trimmed(std::wstring_view text) {

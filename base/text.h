@@ -2,6 +2,7 @@
 // wide (Windows) and code points where it is 32 bits wide; every function here takes both.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,6 +14,14 @@ std::string toUtf8(std::wstring_view text);
 // Decodes UTF-8. Each maximal ill-formed part becomes one U+FFFD (Unicode 15, section 3.9, "substitution of maximal
 // subparts").
 std::wstring toWide(std::string_view utf8);
+
+// As toWide, but nothing when any part is ill-formed, as MultiByteToWideChar with MB_ERR_INVALID_CHARS decodes it. A
+// byte-order mark stays in the text.
+std::optional<std::wstring> toWideStrict(std::string_view utf8);
+
+// The text of a file: UTF-16 in either byte order where it begins with that byte-order mark, else UTF-8. The mark is
+// dropped, and what is ill-formed becomes U+FFFD.
+std::wstring decodeTextFile(std::string_view bytes);
 
 // Appends one code point to `out` in the platform's wide encoding.
 void appendCodePoint(std::wstring& out, char32_t codePoint);

@@ -201,6 +201,42 @@ bool writeAll(HANDLE file, std::span<const std::byte> bytes) {
     return true;
 }
 
+std::optional<size_t> readSome(HANDLE file, std::span<std::byte> buffer) {
+    DWORD read = 0;
+    const auto wanted = static_cast<DWORD>(std::min<size_t>(buffer.size(), size_t{1} << 26));
+    return ReadFile(file, buffer.data(), wanted, &read, nullptr) ? std::optional<size_t>(read) : std::nullopt;
+}
+
+std::optional<std::vector<std::byte>> readAll(HANDLE file, uint64_t limit) {
+    LARGE_INTEGER size{};
+    if (!GetFileSizeEx(file, &size)) {
+        return std::nullopt;
+    }
+    if (static_cast<uint64_t>(size.QuadPart) > limit) {
+        SetLastError(ERROR_FILE_TOO_LARGE);
+        return std::nullopt;
+    }
+    std::vector<std::byte> bytes(static_cast<size_t>(size.QuadPart));
+    for (size_t filled = 0; filled < bytes.size();) {
+        const auto count = readSome(file, std::span(bytes).subspan(filled));
+        if (count.value_or(0) == 0) {
+            if (count) {
+                SetLastError(ERROR_HANDLE_EOF);
+            }
+            return std::nullopt;
+        }
+        filled += *count;
+    }
+    return bytes;
+}
+
+UniqueFile createNewFile(const std::wstring& path, DWORD access) {
+    if (!DeleteFileW(extendedLengthPath(path).c_str()) && GetLastError() != ERROR_FILE_NOT_FOUND) {
+        return UniqueFile();
+    }
+    return openFile(path, access, 0, CREATE_NEW, FILE_FLAG_OPEN_REPARSE_POINT);
+}
+
 std::wstring finalPath(HANDLE file) {
     std::wstring path(512, L'\0');
     for (;;) {

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -47,6 +48,17 @@ UniqueFile openFile(const std::wstring& path, DWORD access, DWORD share, DWORD d
 
 // Writes all bytes at the handle's position; false when the disk took fewer.
 bool writeAll(HANDLE file, std::span<const std::byte> bytes);
+
+// Reads up to buffer.size() bytes at the handle's position. Gives how many came, 0 at the end; nothing on failure.
+std::optional<size_t> readSome(HANDLE file, std::span<std::byte> buffer);
+
+// All bytes of an open file. Nothing when it cannot be read to its end or holds more than `limit` bytes
+// (ERROR_FILE_TOO_LARGE).
+std::optional<std::vector<std::byte>> readAll(HANDLE file, uint64_t limit);
+
+// Opens a file for writing that was not there before: whatever stands at the path (a link to elsewhere, a file with a
+// second name) goes first and is never written through. Nobody else may open it meanwhile. None on failure.
+UniqueFile createNewFile(const std::wstring& path, DWORD access = GENERIC_WRITE);
 
 // Where a file or folder that is held open really lies, without the "\\?\" prefix: what its path says once all links on
 // the way are followed. Empty when Windows does not tell.

@@ -9,34 +9,22 @@
 namespace base {
 namespace {
 
-// Reads up to buffer.size() bytes; gives how many came, 0 at the end and on failure.
-size_t readSome(HANDLE file, std::span<std::byte> buffer) {
-    DWORD read = 0;
-    const auto wanted = static_cast<DWORD>(buffer.size());
-    return ReadFile(file, buffer.data(), wanted, &read, nullptr) ? read : 0;
-}
-
 bool holdsExactly(HANDLE file, std::span<const std::byte> bytes) {
     std::vector<std::byte> buffer(size_t{1} << 16);
     for (;;) {
-        const size_t count = readSome(file, buffer);
-        if (count == 0) {
-            return bytes.empty();
+        const auto count = readSome(file, buffer);
+        if (count.value_or(0) == 0) {
+            return count && bytes.empty();
         }
-        if (count > bytes.size() || !std::equal(buffer.data(), buffer.data() + count, bytes.data())) {
+        if (*count > bytes.size() || !std::equal(buffer.data(), buffer.data() + *count, bytes.data())) {
             return false;
         }
-        bytes = bytes.subspan(count);
+        bytes = bytes.subspan(*count);
     }
 }
 
-// Writes a file that was not there before: whatever stands at the path (a link to elsewhere, a file with a second name)
-// goes first and is never written through.
 HeldFile::Failure writeNewFile(const std::wstring& path, std::span<const std::byte> bytes) {
-    if (!DeleteFileW(extendedLengthPath(path).c_str()) && GetLastError() != ERROR_FILE_NOT_FOUND) {
-        return HeldFile::Failure::open;
-    }
-    UniqueFile file = openFile(path, GENERIC_WRITE, 0, CREATE_NEW, FILE_FLAG_OPEN_REPARSE_POINT);
+    UniqueFile file = createNewFile(path);
     if (!file) {
         return HeldFile::Failure::open;
     }
@@ -93,20 +81,7 @@ HeldFile HeldFile::write(const std::wstring& base, const std::wstring& path, std
 
 std::optional<std::vector<std::byte>> readWholeFile(const std::wstring& path) {
     const UniqueFile file = openFile(path, GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
-    LARGE_INTEGER size{};
-    if (!file || !GetFileSizeEx(file.get(), &size)) {
-        return std::nullopt;
-    }
-    std::vector<std::byte> bytes(static_cast<size_t>(size.QuadPart));
-    for (size_t filled = 0; filled < bytes.size();) {
-        const size_t count = readSome(file.get(), std::span(bytes).subspan(filled));
-        if (count == 0) {
-            SetLastError(ERROR_HANDLE_EOF);
-            return std::nullopt;
-        }
-        filled += count;
-    }
-    return bytes;
+    return file ? readAll(file.get(), SIZE_MAX) : std::nullopt;
 }
 
 }  // namespace base

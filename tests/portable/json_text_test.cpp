@@ -50,6 +50,28 @@ TEST(JsonText, ReadingBooleans) {
     }
 }
 
+TEST(JsonText, ReadingWhatStandsInBrackets) {
+    const std::tuple<const wchar_t*, wchar_t, std::optional<std::wstring_view>> cases[] = {
+        {LR"({"k": {"a": [1, {"b": "}"}]} , "z": {}})", L'{', LR"({"a": [1, {"b": "}"}]})"},
+        {LR"({"k" :[ "]\"]", [ ] ]})", L'[', LR"([ "]\"]", [ ] ])"},
+        {LR"({"k": [1, "z": {})", L'[', std::nullopt},
+        {LR"({"k": ["open]})", L'[', std::nullopt},
+        {LR"({"k": null, "z": []})", L'[', std::nullopt},
+        {LR"({"k": {}})", L'[', std::nullopt},
+        {LR"({"k": )", L'{', std::nullopt},
+        {LR"({"z": []})", L'[', std::nullopt},
+    };
+    for (const auto& [text, open, raw] : cases) {
+        EXPECT_EQ(base::readJsonRaw(text, L"k", open), raw) << testing::PrintToString(text);
+    }
+    EXPECT_EQ(base::jsonElements(LR"([ 1 ,"a,]", {"b": [1, 2]} [x],, null ])"),
+              (std::vector<std::wstring_view>{L"1", LR"("a,]")", LR"({"b": [1, 2]} [x])", L"null"}));
+    EXPECT_TRUE(base::jsonElements(L"[ ]").empty());
+    EXPECT_EQ(base::readJsonStringArray(LR"({"k": ["a\nb", 1, ["c"], "d" "e", "", "f\\"]})", L"k"),
+              (std::vector<std::wstring>{L"a\nb", L"", L"f\\"}));
+    EXPECT_EQ(base::readJsonStringArray(LR"({"k": "a"})", L"k"), std::nullopt);
+}
+
 TEST(JsonText, Escapes) {
     const testing_table::Pairs pairs = {
         {LR"(\"\\\/\b\f\n\r\t)", L"\"\\/\b\f\n\r\t"},

@@ -23,7 +23,9 @@ TEST(Text, WellFormedTextGoesBothWays) {
     for (const auto& [wide, utf8] : kCases) {
         EXPECT_EQ(toUtf8(wide), utf8);
         EXPECT_EQ(toWide(utf8), wide);
+        EXPECT_EQ(base::toWideStrict(utf8), wide);
     }
+    EXPECT_EQ(base::toWideStrict("\xEF\xBF\xBD"), L"\xFFFD") << "a replacement character is one like any other";
     EXPECT_EQ(toUtf8(toWide(std::string_view("a\0b", 3))), std::string("a\0b", 3));
 }
 
@@ -44,6 +46,24 @@ TEST(Text, MaximalIllFormedPartsBecomeOneReplacementEach) {
     };
     for (const auto& [utf8, wide] : kCases) {
         EXPECT_EQ(toWide(utf8), wide) << testing::PrintToString(utf8);
+        EXPECT_EQ(base::toWideStrict(utf8), std::nullopt) << testing::PrintToString(utf8);
+    }
+}
+
+TEST(Text, FilesAreReadByTheirByteOrderMark) {
+    using namespace std::string_view_literals;
+    const std::pair<std::string_view, const wchar_t*> cases[] = {
+        {""sv, L""},
+        {"\xC3\xA9\xFF"sv, L"\xE9\xFFFD"},
+        {"\xEF\xBB\xBF{\xC3\xA9"sv, L"{\xE9"},
+        {"\xFF\xFE{\0\xE9\0\x3D\xD8\0\xDE"sv, L"{\xE9\U0001F600"},
+        {"\xFE\xFF\0{\0\xE9\xD8\x3D\xDE\0"sv, L"{\xE9\U0001F600"},
+        // Half a pair, half a unit.
+        {"\xFF\xFE\x3D\xD8{\0\0\xDE"sv, L"\xFFFD{\xFFFD"},
+        {"\xFE\xFF\0{\0"sv, L"{"},
+    };
+    for (const auto& [bytes, text] : cases) {
+        EXPECT_EQ(base::decodeTextFile(bytes), text) << testing::PrintToString(bytes);
     }
 }
 
