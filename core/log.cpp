@@ -1,5 +1,7 @@
 #include "core/log.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 
 namespace velquin {
@@ -19,6 +21,13 @@ std::wstring formatUtcTime(const TimeStamp& time) {
 
 std::wstring formatDate(const TimeStamp& time) {
     return zeroPadded(time.year, 4) + zeroPadded(time.month, 2) + zeroPadded(time.day, 2);
+}
+
+std::wstring singleLine(std::wstring_view text) {
+    constexpr size_t kMaxLength = 300;
+    std::wstring line(text.substr(0, kMaxLength));
+    std::ranges::replace_if(line, [](wchar_t c) { return c < L' ' || c == 0x7F; }, L' ');
+    return text.size() > kMaxLength ? line + L" …" : line;
 }
 
 std::string formatLogLine(const TimeStamp& local, std::wstring_view text) {

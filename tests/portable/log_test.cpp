@@ -15,4 +15,10 @@ TEST(Log, TimeStampsAndLines) {
     EXPECT_EQ(velquin::formatLogLine(kMidnight, L""), "31.10.0987  0:00:07  \n");
 }
 
+TEST(Log, TextFromElsewhereStaysOnItsLineAndShort) {
+    EXPECT_EQ(velquin::singleLine(L"1.0\r\n3.2.2025  9:05:00  forged\t\x7F."), L"1.0  3.2.2025  9:05:00  forged  .");
+    EXPECT_EQ(velquin::singleLine(std::wstring(300, L'x')), std::wstring(300, L'x'));
+    EXPECT_EQ(velquin::singleLine(std::wstring(301, L'x')), std::wstring(300, L'x') + L" …");
+}
+
 }  // namespace
