@@ -30,7 +30,7 @@ struct Json {
     std::optional<double> number() const;
     std::optional<bool> boolean() const;
 
-    Value content = nullptr;
+    Value content;  // null, to begin with
 };
 
 struct Json::Member {

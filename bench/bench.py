@@ -2,9 +2,11 @@
 """Measures speed and size. Every figure is a ratio to a peer measured in the same run, or a size, and has a limit; the
 exit code is 1 when one is exceeded. Times themselves depend on the machine and are only printed."""
 import json
+import os
 import statistics
 import subprocess
 import sys
+import tempfile
 import threading
 import time
 from pathlib import Path
@@ -12,13 +14,17 @@ from pathlib import Path
 import pefile
 
 REPO = Path(__file__).resolve().parents[1]
-sys.path.insert(0, str(REPO / "tools" / "wine"))
+sys.path[:0] = [str(REPO / "tools" / "wine"), str(REPO / "tests" / "e2e")]
 from machine import BIN, DATA, Machine  # noqa: E402
+from update_host import BASE, Authority, Client  # noqa: E402
 
 INSTALL_RATIO = 1.5
 START_RATIO = 2.0
 SIZE_LIMIT = 1.5 * 1024 * 1024
-PORTABLE_RATIOS = {"utf8": 8.0, "json_lookup": 2.0, "quoting": 4.0}
+PORTABLE_RATIOS = {"utf8": 8.0, "json_lookup": 2.0, "quoting": 4.0, "manifest": 60.0, "configuration": 40.0}
+# Windows' own SHA-256 and HTTPS, as Wine has them, carry these two; see docs/architecture.md, "Figures".
+DIGEST_RATIO = 8.0
+DOWNLOAD_RATIO = 12.0
 
 exceeded = []
 
@@ -130,6 +136,43 @@ def bench_portable():
         line(f"{group} to its plainest peer", times[f"{group}/ours"] / times[f"{group}/peer"], limit)
 
 
+def timed(command):
+    began = time.perf_counter()
+    subprocess.run(command, stdout=subprocess.DEVNULL, check=True)
+    return (time.perf_counter() - began) * 1000
+
+
+def bench_update(machine):
+    """The digest and the download of one file of 256 MiB, each beside the usual tool, in turn."""
+    with tempfile.TemporaryDirectory() as folder:
+        client = Client(machine, Authority(folder))
+        file, copy = machine.unix(r"C:\bench.bin"), machine.unix(r"C:\bench.copy")
+        with open(file, "wb") as out:
+            for _ in range(256):
+                out.write(os.urandom(1 << 20))
+        client.secure.files["/apps/velquin/bench.bin"] = file
+        curl = ["curl", "--silent", "--fail", "--proxy", machine.environment["http_proxy"], "--cacert", f"{folder}/ca.crt",
+                "--output", copy, BASE + "bench.bin"]
+        tasks = {
+            "SHA-256 of 256 MiB, to sha256sum": (["sha256", r"C:\bench.bin"], ["sha256sum", file], DIGEST_RATIO),
+            "download of 256 MiB over TLS, to curl": (["download", BASE + "bench.bin", r"C:\bench.copy"], curl,
+                                                      DOWNLOAD_RATIO),
+        }
+        for name, (ours, peer, limit) in tasks.items():
+            our_times, peer_times = [], []
+            for _ in range(5):
+                copy.unlink(missing_ok=True)
+                peer_times.append(timed(peer))
+                copy.unlink(missing_ok=True)
+                done, error = client(*ours)
+                if not done:
+                    sys.exit(f"a measured operation failed: {error}")
+                our_times.append(int(client.milliseconds))
+            median, peer_median = statistics.median(our_times), statistics.median(peer_times)
+            line(name, median / peer_median, limit, "", f"({median:.0f} ms to {peer_median:.0f} ms, medians of 5)")
+        client.close()
+
+
 def main():
     print("Size")
     bench_size()
@@ -145,6 +188,7 @@ def main():
         bench_install(machine)
         print("    one install, step by step")
         print_steps(machine)
+        bench_update(machine)
     finally:
         machine.stop()
     if exceeded:

@@ -8,6 +8,8 @@
 #include "base/argument_quoting.h"
 #include "base/json_text.h"
 #include "base/text.h"
+#include "core/configuration.h"
+#include "update/manifest.h"
 
 namespace {
 
@@ -84,6 +86,64 @@ void quotePeer(benchmark::State& state) {
     }
 }
 BENCHMARK(quotePeer)->Name("quoting/peer");
+
+// A manifest of a megabyte, far larger than any real one.
+std::wstring manifestText() {
+    std::wstring text = L"{\"version\": \"1.0.189\", \"history\": [";
+    while (text.size() < 1 << 20) {
+        text +=
+            L"{\"version\": \"1.0.188\", \"changes_en\": \"- The setup is quicker.\\n- A click on \\\"More\\\" "
+            L"no longer closes the window.\", \"changes_cs\": \"- Rychlejší instalace.\", \"changes_i18n\": {}},\n";
+    }
+    return text + L"{}]}";
+}
+
+void manifestOurs(benchmark::State& state) {
+    const std::wstring text = manifestText();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(velquin::update::parseUpdateManifest(text, L"1.0.188", L""));
+    }
+}
+BENCHMARK(manifestOurs)->Name("manifest/ours");
+
+void manifestPeer(benchmark::State& state) {
+    const std::wstring text = manifestText();
+    for (auto _ : state) {
+        size_t quotes = 0;
+        for (const wchar_t& c : text) {
+            quotes += c == L'"';
+        }
+        benchmark::DoNotOptimize(quotes);
+    }
+}
+BENCHMARK(manifestPeer)->Name("manifest/peer");
+
+// The configuration of somebody with very many volumes, against copying its text character by character.
+std::wstring configurationText() {
+    velquin::ProductConfig config;
+    config.mappings.resize(200, {L"Work", L"D:\\Containers\\größer.hc", L"W", true});
+    return velquin::formatProductConfig(config);
+}
+
+void configurationOurs(benchmark::State& state) {
+    const std::wstring text = configurationText();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(velquin::parseProductConfig(text, {}));
+    }
+}
+BENCHMARK(configurationOurs)->Name("configuration/ours");
+
+void configurationPeer(benchmark::State& state) {
+    const std::wstring text = configurationText();
+    for (auto _ : state) {
+        std::wstring copy;
+        for (const wchar_t c : text) {
+            copy.push_back(c);
+        }
+        benchmark::DoNotOptimize(copy);
+    }
+}
+BENCHMARK(configurationPeer)->Name("configuration/peer");
 
 }  // namespace
 

@@ -23,6 +23,7 @@
 #include "setup/own_file.h"
 #include "setup/startup.h"
 #include "setup/uninstall_worker.h"
+#include "update/self_test.h"
 
 namespace velquin::setup {
 namespace {
@@ -70,11 +71,19 @@ int runUninstall(const Run& run) {
     return code;
 }
 
-// A self-test whose subject is not part of the program yet fails with its own code, and says so.
-template <int kCode>
-int runMissingSelfTest(const Run& run) {
-    writeSetupLog(std::wstring(modeName(run.arguments.mode())) + L" failed: not part of this build");
-    return kCode;
+// Runs a self-test, which gives its reason when it fails.
+template <bool (*kTest)(std::wstring&), int kFailureCode>
+int runSelfTest(const Run& run) {
+    std::wstring error;
+    const bool ok = kTest(error);
+    writeSetupLog(std::wstring(modeName(run.arguments.mode())) + (ok ? L" passed" : L" failed: " + singleLine(error)));
+    return ok ? kExitOk : kFailureCode;
+}
+
+// For a self-test whose subject is not part of the program yet.
+bool failMissingSelfTest(std::wstring& error) {
+    error = L"not part of this build";
+    return false;
 }
 
 int runInteractive(const Run& run) {
@@ -90,11 +99,13 @@ constexpr ModeRunner kRunners[] = {
     {Mode::install, runInstall, kExitInstallFailed},
     {Mode::repair, runRepair, kExitRepairFailed},
     {Mode::uninstall, runUninstall, kExitWorkerFailed},
-    {Mode::selfTest, runMissingSelfTest<kExitSelfTestUnavailable>, kExitSelfTestUnavailable},
-    {Mode::updateServiceSelfTest, runMissingSelfTest<kExitUpdateServiceFailed>, kExitUpdateServiceFailed},
-    {Mode::mountDiagnosticsSelfTest, runMissingSelfTest<kExitMountDiagnosticsFailed>, kExitMountDiagnosticsFailed},
-    {Mode::liveUpdateManifestSelfTest, runMissingSelfTest<kExitLiveUpdateManifestFailed>,
-     kExitLiveUpdateManifestFailed},
+    {Mode::selfTest, runSelfTest<failMissingSelfTest, kExitSelfTestUnavailable>, kExitSelfTestUnavailable},
+    {Mode::updateServiceSelfTest, runSelfTest<update::runUpdateServiceSelfTest, kExitUpdateServiceFailed>,
+     kExitUpdateServiceFailed},
+    {Mode::mountDiagnosticsSelfTest, runSelfTest<failMissingSelfTest, kExitMountDiagnosticsFailed>,
+     kExitMountDiagnosticsFailed},
+    {Mode::liveUpdateManifestSelfTest,
+     runSelfTest<update::runLiveUpdateManifestSelfTest, kExitLiveUpdateManifestFailed>, kExitLiveUpdateManifestFailed},
     {Mode::interactive, runInteractive, kExitInstallFailed},
 };
 

@@ -31,15 +31,28 @@ bool persistently(Attempt attempt) {
     return true;
 }
 
-// Renames an open file over `target`. By its handle: a second writer cannot get hold of the new file in between.
-bool renameOver(HANDLE file, const std::wstring& target) {
+// FileRenameInfoEx with FILE_RENAME_FLAG_REPLACE_IF_EXISTS and FILE_RENAME_FLAG_POSIX_SEMANTICS: the headers have them
+// for later systems only. The first flag alone reads as TRUE in the older form.
+constexpr auto kFileRenameInfoEx = static_cast<FILE_INFO_BY_HANDLE_CLASS>(22);
+constexpr BYTE kReplaceIfExists = 1;
+constexpr BYTE kPosixSemantics = 2;
+
+bool renameAs(HANDLE file, const std::wstring& target, FILE_INFO_BY_HANDLE_CLASS kind, BYTE flags) {
     const std::wstring name = extendedLengthPath(target);
     std::vector<std::byte> buffer(sizeof(FILE_RENAME_INFO) + name.size() * sizeof(wchar_t));
     auto* information = reinterpret_cast<FILE_RENAME_INFO*>(buffer.data());
-    information->ReplaceIfExists = TRUE;
+    information->ReplaceIfExists = flags;
     information->FileNameLength = static_cast<DWORD>(name.size() * sizeof(wchar_t));
     std::memcpy(information->FileName, name.data(), information->FileNameLength);
-    return SetFileInformationByHandle(file, FileRenameInfo, information, static_cast<DWORD>(buffer.size())) != 0;
+    return SetFileInformationByHandle(file, kind, information, static_cast<DWORD>(buffer.size())) != 0;
+}
+
+// Renames an open file over `target`. By its handle: a second writer cannot get hold of the new file in between. With
+// the semantics of POSIX, where the file system has them, a reader of the old file is in nobody's way and reads on in
+// it.
+bool renameOver(HANDLE file, const std::wstring& target) {
+    return renameAs(file, target, kFileRenameInfoEx, kReplaceIfExists | kPosixSemantics) ||
+           renameAs(file, target, FileRenameInfo, kReplaceIfExists);
 }
 
 void discard(UniqueFile& file) {

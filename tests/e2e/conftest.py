@@ -7,6 +7,7 @@ import pytest
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools" / "wine"))
 from machine import BIN, Machine  # noqa: E402
+from update_host import Authority, Client  # noqa: E402
 
 
 @pytest.fixture
@@ -24,3 +25,17 @@ def doubled(machine):
     machine.use_double("schtasks")
     machine.put(BIN / "Velquin.exe", r"C:\doubles\Velquin.exe")
     return machine
+
+
+@pytest.fixture(scope="module")
+def authority(tmp_path_factory):
+    """A certificate authority, which the machines of `client` trust."""
+    return Authority(tmp_path_factory.mktemp("authority"))
+
+
+@pytest.fixture
+def client(machine, authority):
+    """The update client on a machine that reaches servers of this test."""
+    made = Client(machine, authority)
+    yield made
+    made.close()

@@ -1,4 +1,9 @@
 """What an installed product looks like, in one place for all tests."""
+import contextlib
+import subprocess
+
+import pytest
+
 from machine import BIN, BUILD, DATA, DEFAULT_FOLDER, REPO  # noqa: F401
 
 UNINSTALL_KEY = r"Software\Microsoft\Windows\CurrentVersion\Uninstall\LumoraVelquin"
@@ -66,6 +71,19 @@ def assert_nothing_left(machine, folder=DEFAULT_FOLDER):
     report = machine.report()
     assert not machine.exists(folder)
     assert not report["registry"] and not report["shortcuts"] and not report["products"]
+
+
+@contextlib.contextmanager
+def disk(machine, path, options):
+    """A disk of its own, mounted at a folder of drive C with options such as "size=64k", as long as the block runs."""
+    folder = machine.unix(path)
+    folder.mkdir(parents=True, exist_ok=True)
+    if subprocess.run(["mount", "-t", "tmpfs", "-o", options, "tmpfs", str(folder)], check=False).returncode != 0:
+        pytest.skip("this system does not allow mounts")
+    try:
+        yield
+    finally:
+        subprocess.run(["umount", str(folder)], check=True)
 
 
 def assert_in_order(lines, *wanted):

@@ -1,5 +1,4 @@
 """Wrong input and a hostile environment: a clear failure, a log line, nothing lost."""
-import subprocess
 
 import pytest
 
@@ -43,32 +42,21 @@ def test_a_backslash_before_the_closing_quotation_mark_is_explained(installed):
 
 @pytest.mark.parametrize("options", ["ro,size=64m", "size=256k"])
 def test_a_read_only_or_full_disk_changes_nothing(installed, options):
-    place = installed.unix(r"C:\target")
-    place.mkdir()
-    if subprocess.run(["mount", "-t", "tmpfs", "-o", options, "tmpfs", str(place)], check=False).returncode != 0:
-        pytest.skip("this system does not allow mounts")
-    try:
+    with disk(installed, r"C:\target", options):
         before = installed.report()
         assert installed.setup(r'--install --no-start --install-dir "C:\target\in here"') == 4
         assert installed.report() == before
         refusal, = [line for line in installed.log() if line.startswith(REFUSED)]
         assert ("cannot be written to" if "ro" in options else "KiB left") in refusal
-    finally:
-        subprocess.run(["umount", str(place)], check=True)
 
 
 def test_a_full_disk_for_the_package_is_reported(installed):
-    data = installed.unix(r"C:\users\root\AppData\Local")
-    if subprocess.run(["mount", "-t", "tmpfs", "-o", "size=64k", "tmpfs", str(data)], check=False).returncode != 0:
-        pytest.skip("this system does not allow mounts")
-    try:
+    with disk(installed, r"C:\users\root\AppData\Local", "size=64k"):
         before = installed.report()
         assert installed.setup("--install --no-start") == 4
         assert installed.report() == before
         assert_in_order(installed.log(), "embedded payload write failed: ", "MSI extract failed: ", "setup finished: exit=4")
         assert installed.files(DATA) == ["velquin.log"]
-    finally:
-        subprocess.run(["umount", str(data)], check=True)
 
 
 @pytest.mark.parametrize("options,folder", [

@@ -8,7 +8,7 @@ from product import *  # noqa: F403
 
 @pytest.mark.parametrize("options,code,line", [
     ("--self-test", 1, "product core self-test failed: "),
-    ("--self-test-update-service", 20, "update service self-test failed: "),
+    ("--SELF-TEST-UPDATE-SERVICE", 0, "update service self-test passed"),
     ("--self-test-mount-diagnostics", 22, "mount diagnostics self-test failed: "),
     ("--SELF-TEST-LIVE-UPDATE-MANIFEST", 21, "live update manifest self-test failed: "),
     ("--self-test-live-update-manifest --self-test-mount-diagnostics", 22, "mount diagnostics self-test failed: "),

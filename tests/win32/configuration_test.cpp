@@ -1,0 +1,131 @@
+#include "core/configuration.h"
+
+#include <thread>
+
+#include "base/win32/files.h"
+#include "core/product_paths.h"
+#include "tests/win32/support.h"
+
+namespace {
+
+using namespace velquin;
+using namespace velquin::test;
+using testing::ElementsAre;
+
+class ConfigurationFile : public UnitTest {
+protected:
+    static ProductConfig named(const std::wstring& language, size_t mappings = 0) {
+        ProductConfig config;
+        config.language = language;
+        config.mappings.resize(mappings, {language, LR"(C:\Daten\größer.hc)", L"X", true});
+        normalizeMappings(config);
+        return config;
+    }
+};
+
+TEST_F(ConfigurationFile, IsTheUsersOwnUnlessAnotherIsNamed) {
+    const ProductConfig defaults = loadProductConfig();
+    EXPECT_EQ(defaults.language, L"auto");
+    EXPECT_EQ(defaults.veraCryptPath, LR"(C:\Program Files\VeraCrypt\VeraCrypt.exe)");
+    EXPECT_FALSE(base::pathExists(configurationFile())) << "reading makes nothing";
+    const std::wstring legacy = userPaths().legacyConfigurationFile();
+    writeFile(legacy, "\xEF\xBB\xBF{\"VolumePath\": \"C:\\\\old.hc\", \"DriveLetter\": \"q\", \"Language\": \"cs\"}");
+    EXPECT_EQ(loadProductConfig().mappings, (std::vector<Mapping>{{L"Mapping 1", L"C:\\old.hc", L"Q", true}}));
+    ASSERT_TRUE(saveProductConfig(named(L"de")));
+    EXPECT_EQ(loadProductConfig().language, L"de") << "its own file comes first";
+    EXPECT_TRUE(base::fileExists(legacy));
+    const std::wstring other = path(L"new folder\\größer.json");
+    ASSERT_TRUE(saveProductConfig(named(L"fr", 2), other));
+    EXPECT_EQ(loadProductConfig(other), loadProductConfig(other));
+    EXPECT_EQ(loadProductConfig(other).mappings, named(L"fr", 2).mappings);
+    EXPECT_EQ(loadProductConfig().language, L"de");
+    EXPECT_THAT(namesIn(path(L"new folder")), ElementsAre(L"größer.json"));
+}
+
+TEST_F(ConfigurationFile, ProgramsThatAreThereAreDetected) {
+    for (const wchar_t* name : {L"ProgramFiles", L"ProgramFiles(x86)"}) {
+        std::wstring before(MAX_PATH, L'\0');
+        before.resize(GetEnvironmentVariableW(name, before.data(), MAX_PATH));
+        SetEnvironmentVariableW(name, path(name).c_str());
+        const std::wstring program = path(name) + LR"(\VeraCrypt\VeraCrypt.exe)";
+        writeFile(program, "program");
+        EXPECT_EQ(loadProductConfig().veraCryptPath, program);
+        DeleteFileW(program.c_str());
+        SetEnvironmentVariableW(name, before.c_str());
+    }
+}
+
+TEST_F(ConfigurationFile, WhateverItHoldsIsReadQuietly) {
+    const std::wstring file = configurationFile();
+    std::string wide = "\xFF\xFE";
+    wide += bytesOf(LR"({"Language": "größer 漢"})");
+    writeFile(file, wide);
+    EXPECT_EQ(loadProductConfig().language, L"größer 漢");
+    writeFile(file, std::string(300000, '\0') + "{\"Language\": \"behind zeros\"}");
+    EXPECT_EQ(loadProductConfig().language, L"behind zeros");
+    // Too large to be anybody's settings: not read, and set aside when others are saved.
+    writeFile(file, std::string(kMaxConfigurationBytes + 1, ' '));
+    const ProductConfig config = loadProductConfig();
+    EXPECT_TRUE(config.unread);
+    EXPECT_EQ(config.language, L"auto");
+    EXPECT_TRUE(saveProductConfig(config));
+    EXPECT_TRUE(saveProductConfig(config)) << "the second time there is nothing to set aside";
+    EXPECT_EQ(base::fileSize(file + L".unread"), kMaxConfigurationBytes + 1);
+    EXPECT_FALSE(loadProductConfig().unread);
+    EXPECT_FALSE(loadProductConfig(folder_).unread) << "a folder is no file";
+}
+
+TEST_F(ConfigurationFile, InUseItIsWaitedForAndElseKept) {
+    const std::wstring file = path(L"c.json");
+    ASSERT_TRUE(saveProductConfig(named(L"old"), file));
+    const std::string old = readFile(file);
+    {
+        const base::UniqueFile locked = base::openFile(file, GENERIC_READ, 0, OPEN_EXISTING);
+        EXPECT_TRUE(loadProductConfig(file).unread);
+        EXPECT_FALSE(saveProductConfig(named(L"new"), file));
+    }
+    EXPECT_EQ(readFile(file), old);
+    EXPECT_THAT(namesIn(folder_), testing::UnorderedElementsAre(L"c.json", L"c.log")) << "no half of a new one is left";
+    EXPECT_THAT(readFile(path(L"c.log")), testing::HasSubstr("configuration not saved: "));
+    // A reader that is done soon is waited for.
+    base::UniqueFile reader = base::openFile(file, GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
+    std::thread done([&reader] {
+        Sleep(200);
+        reader.reset();
+    });
+    EXPECT_TRUE(saveProductConfig(named(L"new"), file));
+    done.join();
+    EXPECT_EQ(loadProductConfig(file).language, L"new");
+    SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY);
+    EXPECT_FALSE(saveProductConfig(named(L"newer"), file)) << "its owner does not want it changed";
+    EXPECT_EQ(loadProductConfig(file).language, L"new");
+    SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST_F(ConfigurationFile, ManyWritersAndReadersSeeWholeFiles) {
+    const std::wstring file = path(L"c.json");
+    const ProductConfig configs[] = {named(L"a", 1), named(L"b", 400)};
+    ASSERT_TRUE(saveProductConfig(configs[0], file));
+    std::atomic<int> saved = 0;
+    std::vector<std::thread> writers;
+    for (const ProductConfig& config : configs) {
+        writers.emplace_back([&] {
+            for (int i = 0; i < 40; ++i) {
+                saved += saveProductConfig(config, file) ? 1 : 0;
+            }
+        });
+    }
+    int read = 0;
+    while (saved < 80 && read < 4000) {
+        const ProductConfig config = loadProductConfig(file);
+        ASSERT_FALSE(config.unread);
+        ASSERT_EQ(config.mappings, configs[config.language == L"b" ? 1 : 0].mappings);
+        ++read;
+    }
+    std::ranges::for_each(writers, &std::thread::join);
+    EXPECT_EQ(saved, 80);
+    EXPECT_GT(read, 10);
+    EXPECT_THAT(namesIn(folder_), ElementsAre(L"c.json"));
+}
+
+}  // namespace

@@ -1,0 +1,87 @@
+#include "update/download.h"
+
+#include <windows.h>
+
+#include "base/text.h"
+#include "base/win32/files.h"
+#include "base/windows_path.h"
+#include "core/product.h"
+#include "update/address.h"
+#include "update/http.h"
+#include "update/sha256.h"
+
+namespace velquin::update {
+namespace {
+
+constexpr HttpErrors kDownloadErrors{
+    .url = L"WinHTTP cannot parse setup URL.",
+    .session = L"WinHTTP session could not be opened.",
+    .connection = L"WinHTTP connection could not be opened.",
+    .request = L"WinHTTP request could not be opened.",
+    .exchange = L"Setup download request failed.",
+    .status = L"Setup download returned HTTP status ",
+    .available = L"Could not read setup download.",
+    .read = L"Could not read setup download data.",
+};
+
+void removeFile(const std::wstring& path) {
+    DeleteFileW(base::extendedLengthPath(path).c_str());
+}
+
+}  // namespace
+
+bool downloadSetupFile(const std::wstring& url, const std::wstring& destination, std::wstring& error,
+                       uint32_t receiveTimeoutMs) {
+    base::UniqueFile file;
+    const HttpBody write{
+        .begin = [&]() -> const wchar_t* {
+            file = base::createNewFile(destination);
+            return file ? nullptr : L"Could not create the downloaded setup file.";
+        },
+        .append = [&](std::span<const std::byte> part) -> const wchar_t* {
+            return base::writeAll(file.get(), part) ? nullptr : L"Could not write the downloaded setup file.";
+        },
+    };
+    if (httpGet(buildCacheBustedUrl(url, kVersion), receiveTimeoutMs, kDownloadErrors, write, error)) {
+        return true;
+    }
+    if (file) {
+        file.reset();
+        removeFile(destination);
+    }
+    return false;
+}
+
+bool verifyLiveUpdatePayload(const std::wstring& url, const std::wstring& sha256, const std::wstring& destination,
+                             const std::wstring& label, std::wstring& error, base::UniqueFile* held) {
+    if (url.empty() || sha256.empty()) {
+        error = label + L" URL or SHA-256 is missing from the live update manifest.";
+        return false;
+    }
+    if (!isHttps(url)) {
+        error = label + L" download failed: The address is not an HTTPS address.";
+        return false;
+    }
+    std::wstring reason;
+    if (!downloadSetupFile(url, destination, reason)) {
+        error = label + L" download failed: " + reason;
+        return false;
+    }
+    std::wstring digest;
+    base::UniqueFile checked;
+    if (!computeFileSha256(destination, digest, reason, &checked)) {
+        error = label + L" SHA-256 calculation failed: " + reason;
+    } else if (!base::equalsIgnoringCase(digest, sha256)) {
+        error = label + L" SHA-256 does not match the live update manifest.";
+    } else {
+        if (held != nullptr) {
+            *held = std::move(checked);
+        }
+        return true;
+    }
+    checked.reset();
+    removeFile(destination);
+    return false;
+}
+
+}  // namespace velquin::update
