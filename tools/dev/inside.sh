@@ -56,6 +56,13 @@ command_test() {
     --output-junit "$repo/build/tests.xml" ${1:+--tests-regex "$1"}
 }
 
+command_release() {
+  build win64
+  publish
+  build native-release manifest_check
+  python3 "$repo/tools/release/release.py"
+}
+
 command_bench() {
   build native-release portable_bench
   build win64
@@ -70,8 +77,10 @@ command_fuzz() {
     local name
     name=$(basename "$target")
     mkdir -p "$repo/build/fuzz/corpus/$name"
+    local seeds=()
+    [ -d "$repo/fuzz/seeds/$name" ] && seeds=("$repo/fuzz/seeds/$name")
     quietly "$name, $seconds s" "$repo/build/fuzz/$name.log" "$target" -max_total_time="$seconds" -max_len=65536 -timeout=10 \
-      -artifact_prefix="$repo/build/fuzz/$name-" "$repo/build/fuzz/corpus/$name" ||
+      -artifact_prefix="$repo/build/fuzz/$name-" "$repo/build/fuzz/corpus/$name" "${seeds[@]}" ||
       die "$name found a fault; see build/fuzz/$name.log"
     grep -E 'stat::number_of_executed_units|DONE' "$repo/build/fuzz/$name.log" | tail -n 1 >&2
   done
