@@ -13,6 +13,9 @@ namespace {
 
 using Encoding = std::conditional_t<sizeof(wchar_t) == 2, rapidjson::UTF16<wchar_t>, rapidjson::UTF32<wchar_t>>;
 
+// RapidJSON calls these two classes by names of its own.
+// NOLINTBEGIN(readability-identifier-naming)
+
 // The text as a stream that ends where the text ends. The reader takes a zero for the end.
 class TextStream {
 public:
@@ -35,7 +38,7 @@ private:
     size_t at_ = 0;
 };
 
-// Puts the values that the reader meets into a tree. The names are those that the reader calls.
+// Puts the values that the reader meets into a tree.
 class Builder {
 public:
     bool Null() { return add(nullptr); }
@@ -89,6 +92,8 @@ private:
     Json root_;
     std::vector<Json*> open_;
 };
+
+// NOLINTEND(readability-identifier-naming)
 
 template <typename T>
 std::optional<T> valueIf(const Json::Value& content) {

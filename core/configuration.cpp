@@ -124,7 +124,7 @@ std::wstring quoted(std::wstring_view value) {
         quotedKey.append(key) += L'"';
         if (text.ends_with(quotedKey)) {
             const size_t first = text.size() - quotedKey.size() + 1;
-            const auto code = static_cast<unsigned>(text[first]);
+            const auto code = static_cast<unsigned char>(text[first]);
             text.replace(first, 1, {L'\\', L'u', L'0', L'0', kHex[code >> 4], kHex[code & 0xF]});
         }
     }

@@ -22,20 +22,20 @@ constexpr size_t kGatheredBytes = size_t{1} << 16;
 
 // winhttp.dll is not among the DLLs that Windows pins: its functions are looked up on first use.
 struct WinHttp {
-#define WINHTTP_FUNCTION(name) \
-    decltype(&::WinHttp##name) name = library().function<decltype(::WinHttp##name)>("WinHttp" #name)
-    WINHTTP_FUNCTION(CrackUrl);
-    WINHTTP_FUNCTION(Open);
-    WINHTTP_FUNCTION(SetOption);
-    WINHTTP_FUNCTION(SetTimeouts);
-    WINHTTP_FUNCTION(Connect);
-    WINHTTP_FUNCTION(OpenRequest);
-    WINHTTP_FUNCTION(SendRequest);
-    WINHTTP_FUNCTION(ReceiveResponse);
-    WINHTTP_FUNCTION(QueryHeaders);
-    WINHTTP_FUNCTION(QueryDataAvailable);
-    WINHTTP_FUNCTION(ReadData);
-    WINHTTP_FUNCTION(CloseHandle);
+#define WINHTTP_FUNCTION(member, name) \
+    decltype(&::WinHttp##name) member = library().function<decltype(::WinHttp##name)>("WinHttp" #name)
+    WINHTTP_FUNCTION(crackUrl, CrackUrl);
+    WINHTTP_FUNCTION(open, Open);
+    WINHTTP_FUNCTION(setOption, SetOption);
+    WINHTTP_FUNCTION(setTimeouts, SetTimeouts);
+    WINHTTP_FUNCTION(connect, Connect);
+    WINHTTP_FUNCTION(openRequest, OpenRequest);
+    WINHTTP_FUNCTION(sendRequest, SendRequest);
+    WINHTTP_FUNCTION(receiveResponse, ReceiveResponse);
+    WINHTTP_FUNCTION(queryHeaders, QueryHeaders);
+    WINHTTP_FUNCTION(queryDataAvailable, QueryDataAvailable);
+    WINHTTP_FUNCTION(readData, ReadData);
+    WINHTTP_FUNCTION(closeHandle, CloseHandle);
 #undef WINHTTP_FUNCTION
 
     static base::SystemLibrary& library() {
@@ -43,8 +43,8 @@ struct WinHttp {
         return winhttp;
     }
     bool isComplete() const {
-        return CrackUrl && Open && SetOption && SetTimeouts && Connect && OpenRequest && SendRequest &&
-               ReceiveResponse && QueryHeaders && QueryDataAvailable && ReadData && CloseHandle;
+        return crackUrl && open && setOption && setTimeouts && connect && openRequest && sendRequest &&
+               receiveResponse && queryHeaders && queryDataAvailable && readData && closeHandle;
     }
 };
 
@@ -56,7 +56,7 @@ const WinHttp& winHttp() {
 struct HttpHandleTraits {
     using Handle = HINTERNET;
     static Handle none() { return nullptr; }
-    static void close(Handle handle) { winHttp().CloseHandle(handle); }
+    static void close(Handle handle) { winHttp().closeHandle(handle); }
 };
 using HttpHandle = base::Unique<HttpHandleTraits>;
 
@@ -79,14 +79,14 @@ std::optional<Address> splitUrl(const std::wstring& url) {
     parts.dwUrlPathLength = static_cast<DWORD>(std::size(path));
     parts.lpszExtraInfo = extra;
     parts.dwExtraInfoLength = static_cast<DWORD>(std::size(extra));
-    if (!winHttp().CrackUrl(url.c_str(), static_cast<DWORD>(url.size()), 0, &parts)) {
+    if (!winHttp().crackUrl(url.c_str(), static_cast<DWORD>(url.size()), 0, &parts)) {
         return std::nullopt;
     }
     return Address{host, std::wstring(path) + extra, parts.nPort, parts.nScheme == INTERNET_SCHEME_HTTPS};
 }
 
 bool setOption(HINTERNET handle, DWORD option, DWORD value) {
-    return winHttp().SetOption(handle, option, &value, sizeof(value)) != 0;
+    return winHttp().setOption(handle, option, &value, sizeof(value)) != 0;
 }
 
 // What has to hold for a whole session. An older Windows that does not know TLS 1.3 gets TLS 1.2 alone, and nothing
@@ -101,7 +101,7 @@ bool secureSession(HINTERNET session) {
 std::optional<DWORD> statusCode(HINTERNET request) {
     DWORD code = 0;
     DWORD size = sizeof(code);
-    return winHttp().QueryHeaders(request, WINHTTP_QUERY_STATUS_CODE | WINHTTP_QUERY_FLAG_NUMBER, nullptr, &code, &size,
+    return winHttp().queryHeaders(request, WINHTTP_QUERY_STATUS_CODE | WINHTTP_QUERY_FLAG_NUMBER, nullptr, &code, &size,
                                   nullptr)
                ? std::optional(code)
                : std::nullopt;
@@ -112,7 +112,7 @@ std::optional<DWORD> statusCode(HINTERNET request) {
 std::optional<uint64_t> announcedLength(HINTERNET request) {
     wchar_t text[32] = {};
     DWORD size = sizeof(text) - sizeof(wchar_t);
-    if (!winHttp().QueryHeaders(request, WINHTTP_QUERY_CONTENT_LENGTH, nullptr, text, &size, nullptr)) {
+    if (!winHttp().queryHeaders(request, WINHTTP_QUERY_CONTENT_LENGTH, nullptr, text, &size, nullptr)) {
         return std::nullopt;
     }
     uint64_t length = 0;
@@ -145,14 +145,14 @@ Outcome readBody(HINTERNET request, const HttpErrors& errors, const HttpBody& bo
     std::vector<std::byte> gathered;
     for (bool ended = false; !ended;) {
         DWORD available = 0;
-        if (!winHttp().QueryDataAvailable(request, &available)) {
+        if (!winHttp().queryDataAvailable(request, &available)) {
             return failure(errors.available);
         }
         const size_t filled = gathered.size();
         DWORD read = 0;
         if (available > 0) {
             gathered.resize(filled + available);
-            if (!winHttp().ReadData(request, gathered.data() + filled, available, &read)) {
+            if (!winHttp().readData(request, gathered.data() + filled, available, &read)) {
                 return failure(errors.read);
             }
             gathered.resize(filled + read);
@@ -177,17 +177,17 @@ Outcome runRequest(const std::wstring& url, uint32_t receiveTimeoutMs, const Htt
         return failure(errors.url);
     }
     // Closed in reverse order, whatever happens.
-    const HttpHandle session(winHttp().Open(kUserAgent, WINHTTP_ACCESS_TYPE_DEFAULT_PROXY, WINHTTP_NO_PROXY_NAME,
+    const HttpHandle session(winHttp().open(kUserAgent, WINHTTP_ACCESS_TYPE_DEFAULT_PROXY, WINHTTP_NO_PROXY_NAME,
                                             WINHTTP_NO_PROXY_BYPASS, 0));
     if (!session || !secureSession(session.get())) {
         return failure(errors.session);
     }
-    winHttp().SetTimeouts(session.get(), kTimeoutMs, kTimeoutMs, kTimeoutMs, static_cast<int>(receiveTimeoutMs));
-    const HttpHandle connection(winHttp().Connect(session.get(), address->host.c_str(), address->port, 0));
+    winHttp().setTimeouts(session.get(), kTimeoutMs, kTimeoutMs, kTimeoutMs, static_cast<int>(receiveTimeoutMs));
+    const HttpHandle connection(winHttp().connect(session.get(), address->host.c_str(), address->port, 0));
     if (!connection) {
         return failure(errors.connection);
     }
-    const HttpHandle request(winHttp().OpenRequest(
+    const HttpHandle request(winHttp().openRequest(
         connection.get(), L"GET", address->object.c_str(), nullptr, WINHTTP_NO_REFERER, WINHTTP_DEFAULT_ACCEPT_TYPES,
         WINHTTP_FLAG_REFRESH | (address->isSecure ? DWORD{WINHTTP_FLAG_SECURE} : 0)));
     if (!request) {
@@ -195,9 +195,9 @@ Outcome runRequest(const std::wstring& url, uint32_t receiveTimeoutMs, const Htt
     }
     // The wait for the first byte of an answer has a limit of its own.
     setOption(request.get(), WINHTTP_OPTION_RECEIVE_RESPONSE_TIMEOUT, receiveTimeoutMs);
-    if (!winHttp().SendRequest(request.get(), kNoCacheHeaders, static_cast<DWORD>(-1), WINHTTP_NO_REQUEST_DATA, 0, 0,
+    if (!winHttp().sendRequest(request.get(), kNoCacheHeaders, static_cast<DWORD>(-1), WINHTTP_NO_REQUEST_DATA, 0, 0,
                                0) ||
-        !winHttp().ReceiveResponse(request.get(), nullptr)) {
+        !winHttp().receiveResponse(request.get(), nullptr)) {
         return failure(errors.exchange);
     }
     status = statusCode(request.get()).value_or(0);

@@ -219,10 +219,11 @@ std::optional<std::vector<std::byte>> readAll(HANDLE file, uint64_t limit) {
     std::vector<std::byte> bytes(static_cast<size_t>(size.QuadPart));
     for (size_t filled = 0; filled < bytes.size();) {
         const auto count = readSome(file, std::span(bytes).subspan(filled));
-        if (count.value_or(0) == 0) {
-            if (count) {
-                SetLastError(ERROR_HANDLE_EOF);
-            }
+        if (!count) {
+            return std::nullopt;
+        }
+        if (*count == 0) {
+            SetLastError(ERROR_HANDLE_EOF);
             return std::nullopt;
         }
         filled += *count;

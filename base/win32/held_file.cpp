@@ -13,8 +13,11 @@ bool holdsExactly(HANDLE file, std::span<const std::byte> bytes) {
     std::vector<std::byte> buffer(size_t{1} << 16);
     for (;;) {
         const auto count = readSome(file, buffer);
-        if (count.value_or(0) == 0) {
-            return count && bytes.empty();
+        if (!count) {
+            return false;
+        }
+        if (*count == 0) {
+            return bytes.empty();
         }
         if (*count > bytes.size() || !std::equal(buffer.data(), buffer.data() + *count, bytes.data())) {
             return false;
