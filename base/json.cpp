@@ -72,11 +72,14 @@ private:
         return array != nullptr ? array->emplace_back() : std::get<Json::Object>(around).back().value;
     }
     bool add(Json::Value value) {
+        if (++count_ > kMaxJsonValues) {
+            return false;
+        }
         place().content = std::move(value);
         return true;
     }
     bool begin(Json::Value container) {
-        if (open_.size() == kMaxJsonDepth) {
+        if (open_.size() == kMaxJsonDepth || ++count_ > kMaxJsonValues) {
             return false;
         }
         Json& opened = place();
@@ -91,6 +94,7 @@ private:
 
     Json root_;
     std::vector<Json*> open_;
+    size_t count_ = 0;
 };
 
 // NOLINTEND(readability-identifier-naming)
@@ -121,6 +125,9 @@ std::optional<bool> Json::boolean() const {
 }
 
 std::expected<Json, JsonError> parseJson(std::wstring_view text) {
+    if (text.size() > kMaxJsonLength) {
+        return std::unexpected(JsonError{kMaxJsonLength, L"Longer than any document."});
+    }
     const size_t skipped = text.starts_with(L'\uFEFF') ? 1 : 0;
     TextStream stream(text.substr(skipped));
     Builder builder;
@@ -129,7 +136,7 @@ std::expected<Json, JsonError> parseJson(std::wstring_view text) {
     const rapidjson::ParseResult result = reader.Parse<rapidjson::kParseIterativeFlag>(stream, builder);
     if (result.IsError()) {
         const std::wstring reason = result.Code() == rapidjson::kParseErrorTermination
-                                        ? L"Nested too deeply."
+                                        ? L"Nested too deeply, or too many values."
                                         : toWide(rapidjson::GetParseError_En(result.Code()));
         return std::unexpected(JsonError{result.Offset() + skipped, reason});
     }

@@ -43,11 +43,15 @@ struct JsonError {
     std::wstring reason;
 };
 
-// No document that a person or a program means is nested more deeply.
+// No document that a person or a program means is nested more deeply, holds more values or is longer (in units):
+// reading one that does would only cost memory.
 inline constexpr size_t kMaxJsonDepth = 256;
+inline constexpr size_t kMaxJsonValues = 1'000'000;
+inline constexpr size_t kMaxJsonLength = size_t{1} << 26;
 
 // Reads a whole document, which may begin with a byte-order mark. Anything behind it but white space, a zero character
-// anywhere and nesting beyond kMaxJsonDepth are errors. Numbers become doubles.
+// anywhere, half of a surrogate pair as an escape, a number beyond a double and what is beyond the limits above are
+// errors. Numbers become doubles.
 std::expected<Json, JsonError> parseJson(std::wstring_view text);
 
 }  // namespace base

@@ -60,10 +60,6 @@ std::optional<char32_t> hexUnit(std::wstring_view text, size_t position) {
     return value;
 }
 
-constexpr bool isSurrogate(char32_t unit) {
-    return unit >= 0xD800 && unit <= 0xDFFF;
-}
-
 // Decodes the \uXXXX at `position` (its backslash), with a second one where the two are a pair. Gives the characters
 // read, 0 when it is no such escape.
 size_t appendUnicodeEscape(std::wstring& out, std::wstring_view text, size_t position) {
@@ -71,14 +67,14 @@ size_t appendUnicodeEscape(std::wstring& out, std::wstring_view text, size_t pos
     if (!high) {
         return 0;
     }
-    if (!isSurrogate(*high)) {
+    if (!isHighSurrogate(*high) && !isLowSurrogate(*high)) {
         appendCodePoint(out, *high);
         return 6;
     }
-    if (*high < 0xDC00 && text.substr(position + 6, 2) == L"\\u") {
+    if (isHighSurrogate(*high) && text.substr(position + 6, 2) == L"\\u") {
         const auto low = hexUnit(text, position + 8);
-        if (low && *low >= 0xDC00 && *low <= 0xDFFF) {
-            appendCodePoint(out, 0x10000 + ((*high - 0xD800) << 10) + (*low - 0xDC00));
+        if (low && isLowSurrogate(*low)) {
+            appendCodePoint(out, joinSurrogates(*high, *low));
             return 12;
         }
     }

@@ -8,16 +8,6 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-constexpr bool isHighSurrogate(char32_t c) {
-    return c >= 0xD800 && c <= 0xDBFF;
-}
-constexpr bool isLowSurrogate(char32_t c) {
-    return c >= 0xDC00 && c <= 0xDFFF;
-}
-constexpr char32_t joinSurrogates(char32_t high, char32_t low) {
-    return 0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00);
-}
-
 // wchar_t may be signed or unsigned and 16 or 32 bits wide; a unit is its bits.
 char32_t unitAt(std::wstring_view text, size_t index) {
     if constexpr (sizeof(wchar_t) == 2) {
@@ -85,25 +75,27 @@ std::optional<char32_t> decodeUtf8(std::string_view text, size_t& index) {
     return value;
 }
 
-// A unit at the end that lacks its second byte is dropped.
-std::wstring decodeUtf16(std::string_view bytes, bool bigEndian) {
+DecodedText decodeUtf16(std::string_view bytes, bool bigEndian) {
     const size_t count = bytes.size() / 2;
     const auto unit = [bytes, bigEndian](size_t i) -> char32_t {
         const auto first = static_cast<unsigned char>(bytes[2 * i]);
         const auto second = static_cast<unsigned char>(bytes[2 * i + 1]);
         return static_cast<char32_t>(bigEndian ? first << 8 | second : second << 8 | first);
     };
-    std::wstring out;
-    out.reserve(count);
+    // A unit at the end that lacks its second byte is dropped.
+    DecodedText decoded{.text = L"", .isWellFormed = bytes.size() % 2 == 0};
+    decoded.text.reserve(count);
     for (size_t i = 0; i < count; ++i) {
         const char32_t c = unit(i);
         if (isHighSurrogate(c) && i + 1 < count && isLowSurrogate(unit(i + 1))) {
-            appendCodePoint(out, joinSurrogates(c, unit(++i)));
+            appendCodePoint(decoded.text, joinSurrogates(c, unit(++i)));
         } else {
-            appendCodePoint(out, isHighSurrogate(c) || isLowSurrogate(c) ? kReplacement : c);
+            const bool isHalf = isHighSurrogate(c) || isLowSurrogate(c);
+            appendCodePoint(decoded.text, isHalf ? kReplacement : c);
+            decoded.isWellFormed = decoded.isWellFormed && !isHalf;
         }
     }
-    return out;
+    return decoded;
 }
 
 }  // namespace
@@ -155,14 +147,16 @@ std::optional<std::wstring> toWideStrict(std::string_view utf8) {
     return out;
 }
 
-std::wstring decodeTextFile(std::string_view bytes) {
+DecodedText decodeTextFile(std::string_view bytes) {
     if (bytes.starts_with("\xFF\xFE")) {
         return decodeUtf16(bytes.substr(2), false);
     }
     if (bytes.starts_with("\xFE\xFF")) {
         return decodeUtf16(bytes.substr(2), true);
     }
-    return toWide(bytes.starts_with("\xEF\xBB\xBF") ? bytes.substr(3) : bytes);
+    const std::string_view utf8 = bytes.starts_with("\xEF\xBB\xBF") ? bytes.substr(3) : bytes;
+    auto text = toWideStrict(utf8);
+    return text ? DecodedText{std::move(*text), true} : DecodedText{toWide(utf8), false};
 }
 
 std::wstring_view trimmed(std::wstring_view text) {

@@ -19,9 +19,24 @@ std::wstring toWide(std::string_view utf8);
 // byte-order mark stays in the text.
 std::optional<std::wstring> toWideStrict(std::string_view utf8);
 
+struct DecodedText {
+    std::wstring text;
+    bool isWellFormed = true;
+};
 // The text of a file: UTF-16 in either byte order where it begins with that byte-order mark, else UTF-8. The mark is
 // dropped, and what is ill-formed becomes U+FFFD.
-std::wstring decodeTextFile(std::string_view bytes);
+DecodedText decodeTextFile(std::string_view bytes);
+
+// Halves of the surrogate pairs that UTF-16 has for code points from U+10000 on, and the code point of a pair.
+constexpr bool isHighSurrogate(char32_t c) {
+    return c >= 0xD800 && c <= 0xDBFF;
+}
+constexpr bool isLowSurrogate(char32_t c) {
+    return c >= 0xDC00 && c <= 0xDFFF;
+}
+constexpr char32_t joinSurrogates(char32_t high, char32_t low) {
+    return 0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00);
+}
 
 // Appends one code point to `out` in the platform's wide encoding.
 void appendCodePoint(std::wstring& out, char32_t codePoint);

@@ -76,11 +76,20 @@ void readFlags(Record& record, std::wstring_view text, const FlagKey<Record> (&k
     }
 }
 
+// Shortens a list to what is kept of it. True when it was longer.
+template <typename Item>
+bool shorten(std::vector<Item>& list) {
+    const bool tooLong = list.size() > kMaxListed;
+    list.resize(std::min(list.size(), kMaxListed));
+    return tooLong;
+}
+
 std::vector<Mapping> readMappings(std::wstring_view text) {
     std::vector<Mapping> mappings;
     const auto array = base::readJsonRaw(text, kMappings, L'[');
     for (const std::wstring_view element : array ? base::jsonElements(*array) : std::vector<std::wstring_view>()) {
-        if (element.front() == L'{') {
+        // One more than is kept, so that the caller sees that there are more.
+        if (element.front() == L'{' && mappings.size() <= kMaxListed) {
             Mapping& mapping = mappings.emplace_back();
             readTexts(mapping, element, kMappingTexts);
             readFlags(mapping, element, kMappingFlags);
@@ -118,17 +127,14 @@ const std::vector<std::wstring_view>& allKeys() {
 // letter of that key as an escape: every reader takes it for the same text, and a lookup passes over it.
 std::wstring quoted(std::wstring_view value) {
     constexpr wchar_t kHex[] = L"0123456789abcdef";
-    std::wstring text = L"\"" + base::escapeJson(value) + L"\"";
-    for (const std::wstring_view key : allKeys()) {
-        std::wstring quotedKey = L"\"";
-        quotedKey.append(key) += L'"';
-        if (text.ends_with(quotedKey)) {
-            const size_t first = text.size() - quotedKey.size() + 1;
-            const auto code = static_cast<unsigned char>(text[first]);
-            text.replace(first, 1, {L'\\', L'u', L'0', L'0', kHex[code >> 4], kHex[code & 0xF]});
-        }
+    std::wstring text = L"\"" + base::escapeJson(value);
+    // What stands between the last quote, be it the value's own, and the closing one.
+    const size_t word = text.rfind(L'"') + 1;
+    if (std::ranges::find(allKeys(), std::wstring_view(text).substr(word)) != allKeys().end()) {
+        const auto code = static_cast<unsigned char>(text[word]);
+        text.replace(word, 1, {L'\\', L'u', L'0', L'0', kHex[code >> 4], kHex[code & 0xF]});
     }
-    return text;
+    return text + L'"';
 }
 
 std::wstring line(std::wstring_view key, std::wstring_view value) {
@@ -172,8 +178,7 @@ std::wstring joined(const std::vector<std::wstring>& items, std::wstring_view se
     return text;
 }
 
-// Gives out names that differ without regard to case. Takes constant time a name on average, however often one is asked
-// for.
+// Gives out names that differ without regard to case, in the order in which they are asked for.
 class NameGiver {
 public:
     std::wstring take(const std::wstring& wanted) {
@@ -210,11 +215,13 @@ ProductConfig parseProductConfig(std::wstring_view text, ProductConfig defaults)
     ProductConfig config = std::move(defaults);
     readTexts(config, text, kSingleVolume);
     if (std::vector<Mapping> mappings = readMappings(text); !mappings.empty()) {
+        config.origin.damaged |= shorten(mappings);
         config.mappings = std::move(mappings);
-        config.explicitMappings = true;
+        config.origin.explicitMappings = true;
     }
     readTexts(config, text, kProgram);
     if (auto options = base::readJsonStringArray(text, kMountOptions)) {
+        config.origin.damaged |= shorten(*options);
         config.mountOptions = std::move(*options);
     }
     readFlags(config, text, kFlags);
@@ -248,11 +255,12 @@ std::wstring formatProductConfig(ProductConfig config) {
 void normalizeMappings(ProductConfig& config) {
     trim(config.volumePath);
     normalizeDriveLetter(config.driveLetter);
-    if (config.mappings.empty() && config.explicitMappings) {
+    if (config.mappings.empty() && (config.origin.explicitMappings || config.origin.singleVolumeListed)) {
         config.volumePath.clear();
         config.driveLetter.clear();
     } else if (config.mappings.empty() && !config.volumePath.empty()) {
         config.mappings.push_back({L"", config.volumePath, config.driveLetter, true});
+        config.origin.singleVolumeListed = true;
     }
     NameGiver names;
     for (size_t i = 0; i < config.mappings.size(); ++i) {
@@ -262,7 +270,6 @@ void normalizeMappings(ProductConfig& config) {
         trim(mapping.name);
         mapping.name = names.take(!mapping.name.empty() ? mapping.name : L"Mapping " + std::to_wstring(i + 1));
     }
-    config.explicitMappings = !config.mappings.empty();
 }
 
 std::vector<std::wstring> veraCryptCandidates(std::wstring_view programFiles, std::wstring_view programFilesX86) {

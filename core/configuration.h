@@ -25,7 +25,6 @@ struct ProductConfig {
     std::wstring driveLetter;
 
     std::vector<Mapping> mappings;
-    bool explicitMappings = false;  // `mappings` come from a list, not from the single volume
     std::wstring veraCryptPath;
     std::vector<std::wstring> mountOptions{L"rm", L"ts"};  // words of VeraCrypt's /mountoption
     bool disableHistory = true;
@@ -39,14 +38,22 @@ struct ProductConfig {
     // know what is in it hands it on as it is.
     std::wstring uiState;
 
-    // The file this was to be read from is there and could not be read. Saving sets it aside first.
-    bool unread = false;
+    // How it came about; no part of its value.
+    struct Origin {
+        bool explicitMappings = false;    // the file has a list of mappings, and not an empty one
+        bool singleVolumeListed = false;  // the single volume was turned into a mapping
+        bool damaged = false;             // the file could not be read, or not all of it: saving keeps a copy first
+        bool operator==(const Origin&) const { return true; }
+    };
+    Origin origin;
 
     bool operator==(const ProductConfig&) const = default;
 };
 
-// Reads the text of a configuration file. What is missing or unreadable in it stays as it is in `defaults`. Takes time
-// linear in the text, whatever it holds.
+// More mappings, or mount options, than this are not read; the origin then counts as damaged.
+inline constexpr size_t kMaxListed = 1000;
+
+// Reads the text of a configuration file. What is missing or unreadable in it stays as it is in `defaults`.
 ProductConfig parseProductConfig(std::wstring_view text, ProductConfig defaults);
 
 // The text of a configuration file, of the normalised configuration. Keys are looked up by their first occurrence in
@@ -55,7 +62,7 @@ std::wstring formatProductConfig(ProductConfig config);
 
 // Runs after every reading and before every writing. Trims the texts of the mappings, upper-cases drive letters, turns
 // a single volume into the mapping "Mapping 1", and gives each mapping a name of its own; no mapping is ever dropped.
-// When a list has lost its last mapping, the single volume goes, too, lest it come back.
+// When the last mapping has been taken away, the single volume goes, too, lest it come back.
 void normalizeMappings(ProductConfig& config);
 
 // Where VeraCrypt.exe is looked for, in this order. Each argument is the value of the environment variable of that
@@ -65,15 +72,17 @@ std::vector<std::wstring> veraCryptCandidates(std::wstring_view programFiles, st
 // The first candidate that exists, else the conventional place.
 std::wstring detectVeraCrypt();
 
-// A file larger than this is not read.
-inline constexpr size_t kMaxConfigurationBytes = size_t{8} << 20;
+// A larger file is neither read nor written.
+inline constexpr size_t kMaxConfigurationBytes = size_t{1} << 20;
 
 // Reads the configuration from `path`, or from the user's own file. Where that does not exist, the file of the
-// product's former name is read instead. Never fails: every problem leaves defaults in place.
+// product's former name in the user's data folder is read instead, whatever the path. A file in use is waited for,
+// about a second. Never fails: every problem leaves defaults in place.
 ProductConfig loadProductConfig(const std::optional<std::wstring>& path = std::nullopt);
 
-// Writes the configuration to `path`, or to the user's own file, which at every moment holds the old text or the new
-// one. False, with a line in the log beside it, when it stayed the old one.
-bool saveProductConfig(const ProductConfig& config, const std::optional<std::wstring>& path = std::nullopt);
+// Normalises the configuration and writes it to `path`, or to the user's own file, which at every moment holds the old
+// text or the new one. Of a damaged file a copy is kept first, "<path>.kept". False, with a line in the log beside it,
+// when the file stayed the old one.
+bool saveProductConfig(ProductConfig& config, const std::optional<std::wstring>& path = std::nullopt);
 
 }  // namespace velquin

@@ -4,11 +4,12 @@
 #include <algorithm>
 #include <span>
 
+#include "base/json.h"
 #include "base/text.h"
 #include "base/win32/files.h"
+#include "base/win32/patience.h"
 #include "base/win32/replace_file.h"
 #include "base/win32/system.h"
-#include "base/windows_path.h"
 #include "core/configuration.h"
 #include "core/log.h"
 #include "core/product_paths.h"
@@ -17,37 +18,38 @@ namespace velquin {
 namespace {
 
 constexpr wchar_t kConventionalVeraCrypt[] = LR"(C:\Program Files\VeraCrypt\VeraCrypt.exe)";
-constexpr int kReadAttempts = 5;
-constexpr DWORD kReadPauseMs = 40;
+struct FileText {
+    bool missing = false;
+    bool damaged = false;  // it is there, but cannot be read, or is not what a whole file is
+    std::wstring text;
+};
 
-// The text of a file, which others may be replacing meanwhile. One that is in use is tried again.
-std::optional<std::wstring> readTextFile(const std::wstring& path) {
+// The text of a file, which others may be replacing meanwhile.
+FileText readTextFile(const std::wstring& path) {
     base::UniqueFile file;
-    for (int i = 0; i < kReadAttempts && !file; ++i) {
-        if (i > 0) {
-            Sleep(kReadPauseMs);
-        }
+    const bool opened = base::persistently([&] {
         file =
             base::openFile(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING);
-        if (!file && GetLastError() != ERROR_SHARING_VIOLATION) {
-            break;
-        }
+        return static_cast<bool>(file);
+    });
+    if (!opened) {
+        // Any other reason, a network that is not there yet, say, does not mean that there are no settings.
+        const bool missing = GetLastError() == ERROR_FILE_NOT_FOUND || GetLastError() == ERROR_PATH_NOT_FOUND;
+        return {.missing = missing, .damaged = !missing, .text = L""};
     }
     // A device or a pipe may keep a reader waiting for ever.
-    if (!file || GetFileType(file.get()) != FILE_TYPE_DISK) {
-        return std::nullopt;
+    const auto bytes =
+        GetFileType(file.get()) == FILE_TYPE_DISK ? base::readAll(file.get(), kMaxConfigurationBytes) : std::nullopt;
+    FileText read;
+    if (!bytes) {
+        read.damaged = true;
+        return read;
     }
-    const auto bytes = base::readAll(file.get(), kMaxConfigurationBytes);
-    return bytes ? std::optional(base::decodeTextFile({reinterpret_cast<const char*>(bytes->data()), bytes->size()}))
-                 : std::nullopt;
-}
-
-// Copies a file to "<path>.unread", once: what is saved afterwards must not take the copy's place.
-bool setAside(const std::wstring& path) {
-    return !base::fileExists(path) ||
-           CopyFileW(base::extendedLengthPath(path).c_str(), base::extendedLengthPath(path + L".unread").c_str(),
-                     TRUE) ||
-           GetLastError() == ERROR_FILE_EXISTS;
+    base::DecodedText decoded = base::decodeTextFile({reinterpret_cast<const char*>(bytes->data()), bytes->size()});
+    read.text = std::move(decoded.text);
+    // A file in another encoding is not well-formed, one that was cut off is no JSON document.
+    read.damaged = !base::trimmed(read.text).empty() && (!decoded.isWellFormed || !base::parseJson(read.text));
+    return read;
 }
 
 }  // namespace
@@ -62,28 +64,34 @@ std::wstring detectVeraCrypt() {
 ProductConfig loadProductConfig(const std::optional<std::wstring>& path) {
     ProductConfig defaults;
     defaults.veraCryptPath = detectVeraCrypt();
-    std::wstring source = path.value_or(configurationFile());
-    if (!base::fileExists(source)) {
-        source = userPaths().legacyConfigurationFile();
+    FileText file = readTextFile(path.value_or(configurationFile()));
+    if (file.missing) {
+        file = readTextFile(userPaths().legacyConfigurationFile());
     }
-    const bool there = base::fileExists(source);
-    const std::optional<std::wstring> text = there ? readTextFile(source) : std::nullopt;
-    defaults.unread = there && !text;
-    return parseProductConfig(text.value_or(L""), std::move(defaults));
+    defaults.origin.damaged = file.damaged;
+    return parseProductConfig(file.text, std::move(defaults));
 }
 
-bool saveProductConfig(const ProductConfig& config, const std::optional<std::wstring>& path) {
+bool saveProductConfig(ProductConfig& config, const std::optional<std::wstring>& path) {
     const std::wstring target = path.value_or(configurationFile());
-    if (config.unread && !setAside(target)) {
-        writeLogBeside(target, L"configuration not saved, the file that could not be read cannot be set aside: " +
-                                   base::errorText(GetLastError()));
+    const auto fail = [&target](const wchar_t* step) {
+        const std::wstring reason = base::errorText(GetLastError());
+        writeLogBeside(target, L"configuration not saved, " + std::wstring(step) + L": " + target + L": " + reason);
         return false;
-    }
+    };
+    normalizeMappings(config);
     const std::string text = base::toUtf8(formatProductConfig(config));
-    if (!base::replaceFile(target, std::as_bytes(std::span(text)))) {
-        writeLogBeside(target, L"configuration not saved: " + target + L": " + base::errorText(GetLastError()));
-        return false;
+    if (text.size() > kMaxConfigurationBytes) {
+        SetLastError(ERROR_FILE_TOO_LARGE);
+        return fail(L"it could not be read again");
     }
+    if (config.origin.damaged && !base::keepCopy(target)) {
+        return fail(L"no copy of the damaged file could be kept");
+    }
+    if (!base::replaceFile(target, std::as_bytes(std::span(text)))) {
+        return fail(L"the file could not be replaced");
+    }
+    config.origin.damaged = false;
     return true;
 }
 

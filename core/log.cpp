@@ -23,10 +23,20 @@ std::wstring formatDate(const TimeStamp& time) {
     return zeroPadded(time.year, 4) + zeroPadded(time.month, 2) + zeroPadded(time.day, 2);
 }
 
+namespace {
+
+// Control characters of both sets, line and paragraph separators, and marks that turn the direction of writing.
+bool breaksLines(wchar_t unit) {
+    const auto c = static_cast<char32_t>(unit);
+    return c < 0x20 || (c >= 0x7F && c <= 0x9F) || (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
+}
+
+}  // namespace
+
 std::wstring singleLine(std::wstring_view text) {
     constexpr size_t kMaxLength = 300;
     std::wstring line(text.substr(0, kMaxLength));
-    std::ranges::replace_if(line, [](wchar_t c) { return c < L' ' || c == 0x7F; }, L' ');
+    std::ranges::replace_if(line, breaksLines, L' ');
     return text.size() > kMaxLength ? line + L" …" : line;
 }
 

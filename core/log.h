@@ -17,8 +17,8 @@ std::wstring formatLocalTime(const TimeStamp& time);
 std::wstring formatUtcTime(const TimeStamp& time);
 // "20250203", the form of InstallDate.
 std::wstring formatDate(const TimeStamp& time);
-// Text from elsewhere (an address, what a server answered) as part of a line: without control characters, and with an
-// ellipsis where it is longer than 300 characters.
+// Text from elsewhere (an address, what a server answered) as part of a line: without what breaks a line or turns its
+// direction, and with an ellipsis where it is longer than 300 characters.
 std::wstring singleLine(std::wstring_view text);
 // A whole log line as it goes into the file.
 std::string formatLogLine(const TimeStamp& local, std::wstring_view text);

@@ -13,7 +13,6 @@ inline constexpr wchar_t kPublisher[] = L"" PRODUCT_PUBLISHER;
 inline constexpr wchar_t kAppUserModelId[] = L"" PRODUCT_APP_ID;
 inline constexpr wchar_t kSetupUserModelId[] = L"" PRODUCT_SETUP_ID;
 inline constexpr wchar_t kUpgradeCode[] = L"" PRODUCT_UPGRADE_CODE;
-inline constexpr wchar_t kUpdateHost[] = L"" PRODUCT_UPDATE_HOST;
 
 inline constexpr wchar_t kAppFileName[] = L"Velquin.exe";
 inline constexpr wchar_t kSetupFileName[] = L"VelquinSetup.exe";

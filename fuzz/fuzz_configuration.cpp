@@ -31,19 +31,22 @@ void checkBrackets(std::wstring_view text) {
 
 // The input is the file. Its lines, read once more, are the texts of a configuration that is saved.
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const std::wstring text = base::decodeTextFile(fuzz::bytes(data, size));
+    const std::wstring text = base::decodeTextFile(fuzz::bytes(data, size)).text;
     const fuzz::Unterminated input(text);
     checkBrackets(input.view());
     const ProductConfig config = velquin::parseProductConfig(input.view(), {});
     ProductConfig again = config;
     velquin::normalizeMappings(again);
     require(again == config, "what was read is normal");
-    require(config.explicitMappings != config.mappings.empty(), "the mark tells whether there are mappings");
+    require(config.mappings.size() <= velquin::kMaxListed, "lists have a limit");
     const std::wstring saved = velquin::formatProductConfig(config);
     require(velquin::parseProductConfig(saved, {}) == config, "what is saved is read");
 
     ProductConfig made;
     for (const std::wstring& line : fuzz::lines(fuzz::withWords(text, L'~', L"Language"))) {
+        if (made.mappings.size() == velquin::kMaxListed) {
+            break;
+        }
         made.mappings.push_back({line, line, line, true});
         made.mountOptions.push_back(line);
         made.language = made.veraCryptPath = line;

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "base/win32/unique_handle.h"
+#include "base/win32/held_file.h"
 
 namespace velquin::update {
 
@@ -16,10 +16,10 @@ bool downloadSetupFile(const std::wstring& url, const std::wstring& destination,
                        uint32_t receiveTimeoutMs = kDownloadReceiveTimeoutMs);
 
 // Downloads over HTTPS and compares the file's SHA-256 with the expected one, given in hexadecimal digits of either
-// case. False with `error` set, beginning with `label` ("Setup", say), when the file was refused; it is then removed.
-// The digest is computed over a file that nobody can write to meanwhile. Whoever is going to start it passes `held`: as
-// long as that handle is open, what stands at `destination` is what was checked.
+// case. False with `error` set, beginning with `label` ("Setup", say), when the file was refused; it is then removed,
+// or at the next restart where somebody has it open. The digest is computed over a file that nobody can write to.
+// Whoever is going to start it passes `held`: while that object lives, what stands at held->path() is what was checked.
 bool verifyLiveUpdatePayload(const std::wstring& url, const std::wstring& sha256, const std::wstring& destination,
-                             const std::wstring& label, std::wstring& error, base::UniqueFile* held = nullptr);
+                             const std::wstring& label, std::wstring& error, base::HeldFile* held = nullptr);
 
 }  // namespace velquin::update

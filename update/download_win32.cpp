@@ -4,7 +4,7 @@
 
 #include "base/text.h"
 #include "base/win32/files.h"
-#include "base/windows_path.h"
+#include "core/delayed_delete.h"
 #include "core/product.h"
 #include "update/address.h"
 #include "update/http.h"
@@ -24,36 +24,37 @@ constexpr HttpErrors kDownloadErrors{
     .read = L"Could not read setup download data.",
 };
 
-void removeFile(const std::wstring& path) {
-    DeleteFileW(base::extendedLengthPath(path).c_str());
-}
+// A file that is being written. What is not finished is deleted, on whatever way that comes about.
+struct Download {
+    base::UniqueFile file;
+    bool finished = false;
+    ~Download() {
+        if (file && !finished) {
+            base::discardFile(file);
+        }
+    }
+};
 
 }  // namespace
 
 bool downloadSetupFile(const std::wstring& url, const std::wstring& destination, std::wstring& error,
                        uint32_t receiveTimeoutMs) {
-    base::UniqueFile file;
+    Download download;
     const HttpBody write{
         .begin = [&]() -> const wchar_t* {
-            file = base::createNewFile(destination);
-            return file ? nullptr : L"Could not create the downloaded setup file.";
+            download.file = base::createNewFile(destination, GENERIC_WRITE | DELETE);
+            return download.file ? nullptr : L"Could not create the downloaded setup file.";
         },
         .append = [&](std::span<const std::byte> part) -> const wchar_t* {
-            return base::writeAll(file.get(), part) ? nullptr : L"Could not write the downloaded setup file.";
+            return base::writeAll(download.file.get(), part) ? nullptr : L"Could not write the downloaded setup file.";
         },
     };
-    if (httpGet(buildCacheBustedUrl(url, kVersion), receiveTimeoutMs, kDownloadErrors, write, error)) {
-        return true;
-    }
-    if (file) {
-        file.reset();
-        removeFile(destination);
-    }
-    return false;
+    download.finished = httpGet(buildCacheBustedUrl(url, kVersion), receiveTimeoutMs, kDownloadErrors, write, error);
+    return download.finished;
 }
 
 bool verifyLiveUpdatePayload(const std::wstring& url, const std::wstring& sha256, const std::wstring& destination,
-                             const std::wstring& label, std::wstring& error, base::UniqueFile* held) {
+                             const std::wstring& label, std::wstring& error, base::HeldFile* held) {
     if (url.empty() || sha256.empty()) {
         error = label + L" URL or SHA-256 is missing from the live update manifest.";
         return false;
@@ -68,19 +69,19 @@ bool verifyLiveUpdatePayload(const std::wstring& url, const std::wstring& sha256
         return false;
     }
     std::wstring digest;
-    base::UniqueFile checked;
-    if (!computeFileSha256(destination, digest, reason, &checked)) {
+    base::HeldFile file = base::HeldFile::open(destination);
+    if (!computeFileSha256(file, digest, reason)) {
         error = label + L" SHA-256 calculation failed: " + reason;
     } else if (!base::equalsIgnoringCase(digest, sha256)) {
         error = label + L" SHA-256 does not match the live update manifest.";
     } else {
         if (held != nullptr) {
-            *held = std::move(checked);
+            *held = std::move(file);
         }
         return true;
     }
-    checked.reset();
-    removeFile(destination);
+    file.release();
+    deleteFileOrScheduleOnReboot(destination);
     return false;
 }
 

@@ -45,22 +45,25 @@ std::wstring changeNotesFor(const ChangeNotes& notes, std::wstring_view language
     return found != nullptr ? *found : notes.changes;
 }
 
-std::wstring renderUpdateHistory(const UpdateCheckResult& result, std::wstring_view language) {
+std::wstring renderHistory(std::span<const HistoryEntry> history, std::wstring_view language) {
     std::wstring text;
-    const auto add = [&](const std::wstring& version, const ChangeNotes& notes) {
-        const std::wstring changes = changeNotesFor(notes, language);
-        const std::wstring_view trimmed = base::trimmed(changes);
+    for (const HistoryEntry& entry : history) {
+        const std::wstring notes = changeNotesFor(entry, language);
+        const std::wstring_view trimmed = base::trimmed(notes);
         if (!trimmed.empty()) {
-            text.append(text.empty() ? L"" : L"\n").append(version).append(L"\n").append(trimmed).append(L"\n");
+            text.append(text.empty() ? L"" : L"\n").append(entry.version).append(L"\n").append(trimmed).append(L"\n");
         }
-    };
-    if (std::ranges::find(result.history, result.latestVersion, &HistoryEntry::version) == result.history.end()) {
-        add(result.latestVersion, result);
-    }
-    for (const HistoryEntry& entry : result.history) {
-        add(entry.version, entry);
     }
     return text;
+}
+
+std::wstring renderUpdateHistory(const UpdateCheckResult& result, std::wstring_view language) {
+    std::vector<HistoryEntry> all = result.history;
+    const auto announced = std::ranges::find(all, result.latestVersion, &HistoryEntry::version);
+    if (announced == all.end() || base::trimmed(changeNotesFor(*announced, language)).empty()) {
+        all.insert(all.begin(), HistoryEntry{result, result.latestVersion});
+    }
+    return renderHistory(all, language);
 }
 
 }  // namespace velquin::update

@@ -1,6 +1,7 @@
 // The history of versions as text for people, in their language.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -13,8 +14,11 @@ namespace velquin::update {
 // language. Empty when there are none at all.
 std::wstring changeNotesFor(const ChangeNotes& notes, std::wstring_view language);
 
-// The announced version, unless it is in the history, and the history: each version that has notes as a line with its
-// number and the notes below it, with an empty line between two versions. Lines end with a line feed.
+// Each version that has notes as a line with its number and the notes below it, with an empty line between two
+// versions. Lines end with a line feed.
+std::wstring renderHistory(std::span<const HistoryEntry> history, std::wstring_view language);
+
+// The same of the announced version, unless the history holds its notes, and the history.
 std::wstring renderUpdateHistory(const UpdateCheckResult& result, std::wstring_view language);
 
 }  // namespace velquin::update

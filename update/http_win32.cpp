@@ -98,6 +98,14 @@ bool secureSession(HINTERNET session) {
            setOption(session, WINHTTP_OPTION_REDIRECT_POLICY, WINHTTP_OPTION_REDIRECT_POLICY_DISALLOW_HTTPS_TO_HTTP);
 }
 
+// The wait for the first byte of an answer has a limit of its own. And whoever answers, in the end a server that a
+// redirect names, gets to know nothing of this user: no password of Windows, no cookie.
+bool prepareRequest(HINTERNET request, uint32_t receiveTimeoutMs) {
+    return setOption(request, WINHTTP_OPTION_RECEIVE_RESPONSE_TIMEOUT, receiveTimeoutMs) &&
+           setOption(request, WINHTTP_OPTION_AUTOLOGON_POLICY, WINHTTP_AUTOLOGON_SECURITY_LEVEL_HIGH) &&
+           setOption(request, WINHTTP_OPTION_DISABLE_FEATURE, WINHTTP_DISABLE_COOKIES);
+}
+
 std::optional<DWORD> statusCode(HINTERNET request) {
     DWORD code = 0;
     DWORD size = sizeof(code);
@@ -110,9 +118,14 @@ std::optional<DWORD> statusCode(HINTERNET request) {
 // The length that the answer announces for its body, in bytes. As text, since the number that WinHTTP gives ends at
 // four gigabytes.
 std::optional<uint64_t> announcedLength(HINTERNET request) {
+    const auto header = [request](DWORD name, std::span<wchar_t> text) {
+        auto size = static_cast<DWORD>(text.size_bytes() - sizeof(wchar_t));
+        return winHttp().queryHeaders(request, name, nullptr, text.data(), &size, nullptr) && text[0] != L'\0';
+    };
+    // Beside chunks a length means nothing (RFC 9112, section 6.3).
     wchar_t text[32] = {};
-    DWORD size = sizeof(text) - sizeof(wchar_t);
-    if (!winHttp().queryHeaders(request, WINHTTP_QUERY_CONTENT_LENGTH, nullptr, text, &size, nullptr)) {
+    wchar_t encoding[64] = {};
+    if (header(WINHTTP_QUERY_TRANSFER_ENCODING, encoding) || !header(WINHTTP_QUERY_CONTENT_LENGTH, text)) {
         return std::nullopt;
     }
     uint64_t length = 0;
@@ -172,17 +185,20 @@ Outcome readBody(HINTERNET request, const HttpErrors& errors, const HttpBody& bo
 // The sequence of one request.
 Outcome runRequest(const std::wstring& url, uint32_t receiveTimeoutMs, const HttpErrors& errors, const HttpBody& body,
                    DWORD& status) {
-    const std::optional<Address> address = winHttp().isComplete() ? splitUrl(url) : std::nullopt;
+    if (!winHttp().isComplete()) {
+        return Failure{errors.session, ERROR_MOD_NOT_FOUND};
+    }
+    const std::optional<Address> address = splitUrl(url);
     if (!address) {
         return failure(errors.url);
     }
     // Closed in reverse order, whatever happens.
     const HttpHandle session(winHttp().open(kUserAgent, WINHTTP_ACCESS_TYPE_DEFAULT_PROXY, WINHTTP_NO_PROXY_NAME,
                                             WINHTTP_NO_PROXY_BYPASS, 0));
-    if (!session || !secureSession(session.get())) {
+    if (!session || !secureSession(session.get()) ||
+        !winHttp().setTimeouts(session.get(), kTimeoutMs, kTimeoutMs, kTimeoutMs, static_cast<int>(receiveTimeoutMs))) {
         return failure(errors.session);
     }
-    winHttp().setTimeouts(session.get(), kTimeoutMs, kTimeoutMs, kTimeoutMs, static_cast<int>(receiveTimeoutMs));
     const HttpHandle connection(winHttp().connect(session.get(), address->host.c_str(), address->port, 0));
     if (!connection) {
         return failure(errors.connection);
@@ -190,11 +206,9 @@ Outcome runRequest(const std::wstring& url, uint32_t receiveTimeoutMs, const Htt
     const HttpHandle request(winHttp().openRequest(
         connection.get(), L"GET", address->object.c_str(), nullptr, WINHTTP_NO_REFERER, WINHTTP_DEFAULT_ACCEPT_TYPES,
         WINHTTP_FLAG_REFRESH | (address->isSecure ? DWORD{WINHTTP_FLAG_SECURE} : 0)));
-    if (!request) {
+    if (!request || !prepareRequest(request.get(), receiveTimeoutMs)) {
         return failure(errors.request);
     }
-    // The wait for the first byte of an answer has a limit of its own.
-    setOption(request.get(), WINHTTP_OPTION_RECEIVE_RESPONSE_TIMEOUT, receiveTimeoutMs);
     if (!winHttp().sendRequest(request.get(), kNoCacheHeaders, static_cast<DWORD>(-1), WINHTTP_NO_REQUEST_DATA, 0, 0,
                                0) ||
         !winHttp().receiveResponse(request.get(), nullptr)) {

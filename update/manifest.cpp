@@ -6,23 +6,7 @@
 namespace velquin::update {
 namespace {
 
-template <typename Record>
-struct Key {
-    const wchar_t* name;
-    std::wstring Record::* member;
-};
-constexpr Key<UpdateCheckResult> kManifestKeys[] = {
-    {L"version", &UpdateCheckResult::latestVersion},       {L"release_url", &UpdateCheckResult::releaseUrl},
-    {L"setup_url", &UpdateCheckResult::setupUrl},          {L"sha256", &UpdateCheckResult::sha256},
-    {L"data_zip_url", &UpdateCheckResult::dataZipUrl},     {L"data_zip_sha256", &UpdateCheckResult::dataZipSha256},
-    {L"data_zip_entry", &UpdateCheckResult::dataZipEntry},
-};
-constexpr Key<HistoryEntry> kHistoryKeys[] = {{L"version", &HistoryEntry::version}};
-constexpr Key<ChangeNotes> kNotesKeys[] = {
-    {L"changes", &ChangeNotes::changes},
-    {L"changes_cs", &ChangeNotes::changesCs},
-    {L"changes_en", &ChangeNotes::changesEn},
-};
+constexpr ManifestKey<HistoryEntry> kHistoryKeys[] = {{L"version", &HistoryEntry::version}};
 constexpr wchar_t kNotesByLanguage[] = L"changes_i18n";
 constexpr const wchar_t* kHistoryNames[] = {L"history", L"versions"};
 
@@ -32,8 +16,8 @@ const std::wstring* findString(const base::Json& object, std::wstring_view name)
 }
 
 template <typename Record, size_t kCount>
-void readStrings(Record& record, const base::Json& object, const Key<Record> (&keys)[kCount]) {
-    for (const Key<Record>& key : keys) {
+void readStrings(Record& record, const base::Json& object, const ManifestKey<Record> (&keys)[kCount]) {
+    for (const ManifestKey<Record>& key : keys) {
         if (const std::wstring* value = findString(object, key.name)) {
             record.*key.member = *value;
         }
@@ -54,11 +38,11 @@ void readNotes(ChangeNotes& notes, const base::Json& object) {
     }
 }
 
-// From the first of the two arrays that is there. What names no version is no entry.
+// From the first of the two arrays that is there and holds something. What names no version is no entry.
 void readHistory(std::vector<HistoryEntry>& history, const base::Json& manifest) {
     for (const wchar_t* name : kHistoryNames) {
         const base::Json* value = manifest.find(name);
-        if (value == nullptr || value->array() == nullptr) {
+        if (value == nullptr || value->array() == nullptr || value->array()->empty()) {
             continue;
         }
         for (const base::Json& object : *value->array()) {

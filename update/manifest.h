@@ -31,6 +31,7 @@ struct UpdateCheckResult : ChangeNotes {
     std::wstring currentVersion;
     std::wstring latestVersion;
     bool updateAvailable = false;
+    // Addresses are as the manifest gives them: whoever opens one asks isHttps first.
     std::wstring releaseUrl;  // a page for people
     std::wstring setupUrl;
     std::wstring sha256;  // of the setup, hexadecimal
@@ -38,6 +39,24 @@ struct UpdateCheckResult : ChangeNotes {
     std::wstring dataZipSha256;
     std::wstring dataZipEntry;          // name of the file within the archive
     std::vector<HistoryEntry> history;  // earlier releases, in the order of the manifest
+};
+
+// A key whose value is a text, and the member it goes to.
+template <typename Record>
+struct ManifestKey {
+    const wchar_t* name;
+    std::wstring Record::* member;
+};
+inline constexpr ManifestKey<UpdateCheckResult> kManifestKeys[] = {
+    {L"version", &UpdateCheckResult::latestVersion},       {L"release_url", &UpdateCheckResult::releaseUrl},
+    {L"setup_url", &UpdateCheckResult::setupUrl},          {L"sha256", &UpdateCheckResult::sha256},
+    {L"data_zip_url", &UpdateCheckResult::dataZipUrl},     {L"data_zip_sha256", &UpdateCheckResult::dataZipSha256},
+    {L"data_zip_entry", &UpdateCheckResult::dataZipEntry},
+};
+inline constexpr ManifestKey<ChangeNotes> kNotesKeys[] = {
+    {L"changes", &ChangeNotes::changes},
+    {L"changes_cs", &ChangeNotes::changesCs},
+    {L"changes_en", &ChangeNotes::changesEn},
 };
 
 inline constexpr wchar_t kMissingVersionError[] = L"Update manifest does not contain a version.";

@@ -90,9 +90,7 @@ std::wstring checkLiveManifest(const UpdateCheckResult& manifest) {
     if (manifest.dataZipEntry != kDataEntry) {
         return L"Live update manifest data_zip_entry does not name update-data.json.";
     }
-    UpdateCheckResult historyAlone;
-    historyAlone.history = manifest.history;
-    if (renderUpdateHistory(historyAlone, L"cs-CZ").empty()) {
+    if (renderHistory(manifest.history, L"cs-CZ").empty()) {
         return L"Live update manifest history cannot be rendered for the Czech locale.";
     }
     return L"";

@@ -3,14 +3,14 @@
 
 #include <string>
 
-#include "base/win32/unique_handle.h"
+#include "base/win32/held_file.h"
 
 namespace velquin::update {
 
 // The digest as 64 upper-case hexadecimal digits. False with `error` set when the file cannot be read or Windows cannot
-// compute it. While it is read nobody can write to the file; with `held`, nobody can as long as that handle is open, so
-// that what is started later is what was checked.
-bool computeFileSha256(const std::wstring& path, std::wstring& hexDigest, std::wstring& error,
-                       base::UniqueFile* held = nullptr);
+// compute it. While it is read nobody can write to the file.
+bool computeFileSha256(const std::wstring& path, std::wstring& hexDigest, std::wstring& error);
+// The same of a file that is held, and stays so: what is used later is what was digested.
+bool computeFileSha256(const base::HeldFile& file, std::wstring& hexDigest, std::wstring& error);
 
 }  // namespace velquin::update

@@ -35,8 +35,11 @@ std::wstring hexadecimal(std::span<const BYTE> bytes) {
     return text;
 }
 
-// Gives null, or the text of the error.
+// Gives null, or the text of the error. The handle may be none, for a file that could not be opened.
 const wchar_t* digestOf(HANDLE file, std::wstring& hexDigest) {
+    if (file == base::FileHandleTraits::none()) {
+        return L"Could not open the downloaded setup for SHA-256 verification.";
+    }
     base::Unique<ProviderTraits> provider;
     base::Unique<HashTraits> hash;
     if (!CryptAcquireContextW(provider.put(), nullptr, nullptr, PROV_RSA_AES, CRYPT_VERIFYCONTEXT) ||
@@ -65,20 +68,23 @@ const wchar_t* digestOf(HANDLE file, std::wstring& hexDigest) {
     return nullptr;
 }
 
-}  // namespace
-
-bool computeFileSha256(const std::wstring& path, std::wstring& hexDigest, std::wstring& error, base::UniqueFile* held) {
-    base::UniqueFile file = base::openFile(path, GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL);
-    const wchar_t* failure =
-        file ? digestOf(file.get(), hexDigest) : L"Could not open the downloaded setup for SHA-256 verification.";
+bool succeeded(const wchar_t* failure, std::wstring& error) {
     if (failure != nullptr) {
         error = failure;
-        return false;
     }
-    if (held != nullptr) {
-        *held = std::move(file);
-    }
-    return true;
+    return failure == nullptr;
+}
+
+}  // namespace
+
+bool computeFileSha256(const std::wstring& path, std::wstring& hexDigest, std::wstring& error) {
+    const base::UniqueFile file =
+        base::openFile(path, GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL);
+    return succeeded(digestOf(file.get(), hexDigest), error);
+}
+
+bool computeFileSha256(const base::HeldFile& file, std::wstring& hexDigest, std::wstring& error) {
+    return succeeded(digestOf(file.handle(), hexDigest), error);
 }
 
 }  // namespace velquin::update

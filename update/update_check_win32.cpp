@@ -62,21 +62,24 @@ UpdateCheckResult checkForUpdates() {
     UpdateCheckResult result;
     result.currentVersion = kVersion;
     std::wstring text;
-    if (!httpGetText(buildCacheBustedUrl(kManifestUrl, kVersion), text, result.error)) {
-        writeSetupLog(L"update check failed: " + result.error);
-        return result;
-    }
     std::wstring reason;
-    result = parseUpdateManifest(text, kVersion, kReleasePageUrl, &reason);
+    if (httpGetText(buildCacheBustedUrl(kManifestUrl, kVersion), text, result.error)) {
+        try {
+            result = parseUpdateManifest(text, kVersion, kReleasePageUrl, &reason);
+        } catch (const std::bad_alloc&) {
+            result.error = kManifestErrors.read;
+        }
+    }
     if (!reason.empty()) {
         writeSetupLog(L"update manifest is no JSON document: " + reason);
     }
-    if (!result.ok) {
-        writeSetupLog(L"update check failed: missing version");
-        return result;
+    if (result.ok) {
+        writeSetupLog(L"update check ok: current=" + result.currentVersion + L" latest=" +
+                      singleLine(result.latestVersion) + L" update=" + (result.updateAvailable ? L"yes" : L"no"));
+    } else {
+        const bool missingVersion = reason.empty() && result.error == kMissingVersionError;
+        writeSetupLog(L"update check failed: " + (missingVersion ? L"missing version" : result.error));
     }
-    writeSetupLog(L"update check ok: current=" + result.currentVersion + L" latest=" +
-                  singleLine(result.latestVersion) + L" update=" + (result.updateAvailable ? L"yes" : L"no"));
     return result;
 }
 

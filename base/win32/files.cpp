@@ -238,6 +238,13 @@ UniqueFile createNewFile(const std::wstring& path, DWORD access) {
     return openFile(path, access, 0, CREATE_NEW, FILE_FLAG_OPEN_REPARSE_POINT);
 }
 
+void discardFile(UniqueFile& file) {
+    const DWORD error = GetLastError();
+    deleteHeld(file.get(), 0);
+    file.reset();
+    SetLastError(error);
+}
+
 std::wstring finalPath(HANDLE file) {
     std::wstring path(512, L'\0');
     for (;;) {

@@ -60,6 +60,9 @@ std::optional<std::vector<std::byte>> readAll(HANDLE file, uint64_t limit);
 // second name) goes first and is never written through. Nobody else may open it meanwhile. None on failure.
 UniqueFile createNewFile(const std::wstring& path, DWORD access = GENERIC_WRITE);
 
+// Deletes what the handle, opened with DELETE, holds, and closes it. Leaves GetLastError() as it was.
+void discardFile(UniqueFile& file);
+
 // Where a file or folder that is held open really lies, without the "\\?\" prefix: what its path says once all links on
 // the way are followed. Empty when Windows does not tell.
 std::wstring finalPath(HANDLE file);

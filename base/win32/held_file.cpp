@@ -27,7 +27,7 @@ bool holdsExactly(HANDLE file, std::span<const std::byte> bytes) {
 }
 
 HeldFile::Failure writeNewFile(const std::wstring& path, std::span<const std::byte> bytes) {
-    UniqueFile file = createNewFile(path);
+    UniqueFile file = createNewFile(path, GENERIC_WRITE | DELETE);
     if (!file) {
         return HeldFile::Failure::open;
     }
@@ -35,10 +35,7 @@ HeldFile::Failure writeNewFile(const std::wstring& path, std::span<const std::by
         return HeldFile::Failure::none;
     }
     // Half a file is of no use to anyone and may fill the disk.
-    const DWORD error = GetLastError();
-    file.reset();
-    DeleteFileW(extendedLengthPath(path).c_str());
-    SetLastError(error);
+    discardFile(file);
     return HeldFile::Failure::write;
 }
 
@@ -77,6 +74,27 @@ HeldFile HeldFile::write(const std::wstring& base, const std::wstring& path, std
         return held;
     }
     // The path with all links above `base` followed: one of them may be turned elsewhere at any time.
+    held.path_ = finalPath(file.get());
+    held.file_ = std::move(file);
+    return held;
+}
+
+HeldFile HeldFile::open(const std::wstring& path) {
+    HeldFile held;
+    held.path_ = path;
+    UniqueFile file = openFile(path, GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT);
+    if (!file) {
+        held.failure_ = Failure::open;
+        return held;
+    }
+    // A link to a file may be turned elsewhere; one to a folder above is followed here, once.
+    BY_HANDLE_FILE_INFORMATION information{};
+    if (!GetFileInformationByHandle(file.get(), &information) ||
+        (information.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
+        SetLastError(ERROR_REPARSE_POINT_ENCOUNTERED);
+        held.failure_ = Failure::linkInPath;
+        return held;
+    }
     held.path_ = finalPath(file.get());
     held.file_ = std::move(file);
     return held;

@@ -1,6 +1,7 @@
 // A file that will be run or installed with administrator rights and stands where others may write. It is written to a
 // new file, closed, reopened so that nobody can change, rename or delete it, and compared with its source through that
-// very handle. While the object lives, what stands at path() is what was written.
+// very handle. Or it is there already and is held so, to be checked. While the object lives, what stands at path() is
+// what was written.
 #pragma once
 
 #include <cstddef>
@@ -25,6 +26,11 @@ public:
     // path() is as given, and GetLastError() tells more.
     static HeldFile write(const std::wstring& base, const std::wstring& path, std::span<const std::byte> bytes);
 
+    // Holds a file that is there, to be checked through handle() and then used at path(), where it really lies: all
+    // links above it are followed once. The file itself must not be a link.
+    static HeldFile open(const std::wstring& path);
+
+    HANDLE handle() const { return file_.get(); }
     Failure failure() const { return failure_; }
     explicit operator bool() const { return static_cast<bool>(file_); }
     const std::wstring& path() const { return path_; }

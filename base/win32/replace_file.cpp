@@ -6,30 +6,11 @@
 #include <vector>
 
 #include "base/win32/files.h"
+#include "base/win32/patience.h"
 #include "base/windows_path.h"
 
 namespace base {
 namespace {
-
-constexpr int kAttempts = 40;
-constexpr DWORD kPauseMs = 25;
-
-// What passes: another writer has its new file open, or a reader (a virus scanner, say) has the old one.
-bool passes(DWORD error) {
-    return error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED || error == ERROR_FILE_EXISTS;
-}
-
-// Calls `attempt` until it succeeds, fails for good, or has been called often enough.
-template <typename Attempt>
-bool persistently(Attempt attempt) {
-    for (int i = 1; !attempt(); ++i) {
-        if (i == kAttempts || !passes(GetLastError())) {
-            return false;
-        }
-        Sleep(kPauseMs);
-    }
-    return true;
-}
 
 // FileRenameInfoEx with FILE_RENAME_FLAG_REPLACE_IF_EXISTS and FILE_RENAME_FLAG_POSIX_SEMANTICS: the headers have them
 // for later systems only. The first flag alone reads as TRUE in the older form.
@@ -55,12 +36,17 @@ bool renameOver(HANDLE file, const std::wstring& target) {
            renameAs(file, target, FileRenameInfo, kReplaceIfExists);
 }
 
-void discard(UniqueFile& file) {
-    const DWORD error = GetLastError();
-    FILE_DISPOSITION_INFO disposition{TRUE};
-    SetFileInformationByHandle(file.get(), FileDispositionInfo, &disposition, sizeof(disposition));
-    file.reset();
-    SetLastError(error);
+bool copyTo(HANDLE source, HANDLE target) {
+    std::vector<std::byte> chunk(size_t{1} << 16);
+    for (;;) {
+        const auto count = readSome(source, chunk);
+        if (!count || !writeAll(target, std::span(chunk).first(*count))) {
+            return false;
+        }
+        if (*count == 0) {
+            return FlushFileBuffers(target) != 0;
+        }
+    }
 }
 
 }  // namespace
@@ -79,7 +65,34 @@ bool replaceFile(const std::wstring& path, std::span<const std::byte> bytes) {
         persistently([&] { return renameOver(file.get(), path); })) {
         return true;
     }
-    discard(file);
+    discardFile(file);
+    return false;
+}
+
+bool keepCopy(const std::wstring& path) {
+    UniqueFile source;
+    const bool opened = persistently([&] {
+        source = openFile(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING);
+        return static_cast<bool>(source);
+    });
+    if (!opened) {
+        return GetLastError() == ERROR_FILE_NOT_FOUND || GetLastError() == ERROR_PATH_NOT_FOUND;
+    }
+    constexpr int kMaxCopies = 100;
+    UniqueFile copy;
+    for (int i = 1; i <= kMaxCopies && !copy; ++i) {
+        const std::wstring name = path + L".kept" + (i > 1 ? L"-" + std::to_wstring(i) : L"");
+        copy = openFile(name, GENERIC_WRITE | DELETE, 0, CREATE_NEW, FILE_FLAG_OPEN_REPARSE_POINT);
+        if (!copy && GetLastError() != ERROR_FILE_EXISTS) {
+            return false;
+        }
+    }
+    if (copy && copyTo(source.get(), copy.get())) {
+        return true;
+    }
+    if (copy) {
+        discardFile(copy);
+    }
     return false;
 }
 

@@ -1,5 +1,6 @@
 """What an installed product looks like, in one place for all tests."""
 import contextlib
+import os
 import subprocess
 
 import pytest
@@ -84,6 +85,12 @@ def disk(machine, path, options):
         yield
     finally:
         subprocess.run(["umount", str(folder)], check=True)
+
+
+def link_to_folder(machine, link, target):
+    machine.unix(target).mkdir(parents=True, exist_ok=True)
+    machine.unix(link).parent.mkdir(parents=True, exist_ok=True)
+    os.symlink(machine.unix(target), machine.unix(link))
 
 
 def assert_in_order(lines, *wanted):

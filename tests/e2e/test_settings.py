@@ -46,4 +46,4 @@ def test_a_full_disk_leaves_the_old_file(machine):
         assert not machine.wine(SAVE, FILE, "b", "20000")
         assert machine.read(FILE) == before
         assert machine.files(r"C:\settings") == ["velquin.json", "velquin.log"]
-        assert "configuration not saved: " in machine.read(r"C:\settings\velquin.log")
+        assert "configuration not saved, the file could not be replaced: " in machine.read(r"C:\settings\velquin.log")

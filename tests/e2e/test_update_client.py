@@ -30,6 +30,8 @@ ANSWERS = {
     "/empty": (lambda r: r.answer(200), True, ""),
     "/no-content": (lambda r: r.answer(204), True, ""),
     "/chunked": (lambda r: r.answer(200, b"5\r\nhello\r\n3\r\n yo\r\n0\r\n\r\n", Transfer_Encoding="chunked"), True, "hello yo"),
+    "/chunked-with-length": (lambda r: r.answer(200, b"2\r\nhi\r\n0\r\n\r\n", Transfer_Encoding="chunked", Content_Length="9"),
+                             True, "hi"),
     "/redirect": (lambda r: r.answer(302, Location="/text"), True, "größer 漢"),
     "/not-modified": (lambda r: r.answer(304), False, "The update manifest returned HTTP status 304."),
     "/missing": (lambda r: r.answer(404, b"{}"), False, "The update manifest returned HTTP status 404."),
@@ -141,7 +143,7 @@ def test_only_the_right_bytes_over_https_are_accepted(client):
     client.secure.files["/setup.exe"] = client.plain.files["/setup.exe"] = content
     digest = hashlib.sha256(content).hexdigest()
     for expected in (digest, digest.upper()):
-        assert client("verify", url, expected, target, "Setup") == (True, "")
+        assert client("verify", url, expected, target, "Setup") == (True, target)
         assert machine.unix(target).read_bytes() == content
     mismatch = " SHA-256 does not match the live update manifest."
     missing = " URL or SHA-256 is missing from the live update manifest."
@@ -161,8 +163,11 @@ def test_only_the_right_bytes_over_https_are_accepted(client):
     # A link in the place of the file is replaced, not written through.
     machine.write(r"C:\precious.txt", "precious")
     machine.unix(target).hardlink_to(machine.unix(r"C:\precious.txt"))
-    assert client("verify", url, digest, target, "Setup") == (True, "")
+    assert client("verify", url, digest, target, "Setup") == (True, target)
     assert machine.read(r"C:\precious.txt") == "precious"
+    # Where a folder link leads to is where the file is held.
+    link_to_folder(machine, r"C:\link", r"C:\real")
+    assert client("verify", url, digest, r"C:\link\setup.exe", "Setup") == (True, r"C:\real\setup.exe")
 
 
 def test_digests_of_files_of_any_size(client):
@@ -191,4 +196,4 @@ def test_endless_bodies_and_blanks_end(client):
         assert client.machine.log()[-2] == ("live update manifest self-test failed: Live update manifest check failed: "
                                             "Update manifest does not contain a version.")
         assert any(line.startswith("update manifest is no JSON document: ") for line in client.machine.log())
-        assert "update check failed: missing version" in client.machine.log()
+        assert "update check failed: Update manifest does not contain a version." in client.machine.log()

@@ -66,10 +66,14 @@ TEST(Configuration, MappingsAreNormalised) {
     normalizeMappings(config);
     const std::vector<Mapping> single{{L"Mapping 1", L"C:\\old.hc", L"X", true}};
     EXPECT_EQ(config.mappings, single);
-    EXPECT_TRUE(config.explicitMappings);
-    // Once the list has lost its last mapping, the single volume must not come back.
-    config.mappings.clear();
-    EXPECT_EQ(parsed(formatProductConfig(config)).mappings, std::vector<Mapping>());
+    EXPECT_EQ(config.volumePath, L"C:\\old.hc") << "for older versions";
+    // Once the last mapping has been taken away, the single volume must not come back.
+    for (ProductConfig changed : {config, parsed(formatProductConfig(config))}) {
+        changed.mappings.clear();
+        EXPECT_EQ(parsed(formatProductConfig(changed)).mappings, std::vector<Mapping>());
+    }
+    EXPECT_FALSE(parsed(LR"({"VolumePath": "C:\\a", "Mappings": []})").origin.explicitMappings);
+    EXPECT_TRUE(parsed(formatProductConfig(config)).origin.explicitMappings);
 
     config.mappings = {{L" a ", L" C:\\1 ", L"y", false},
                        {L"A", L"C:\\1", L"Y"},
@@ -83,6 +87,22 @@ TEST(Configuration, MappingsAreNormalised) {
         {L"a", L"C:\\1", L"Y", false}, {L"A (2)", L"C:\\1", L"Y"},   {L"a (2) (2)", L"", L""}, {L"Mapping 4", L"", L""},
         {L"Mapping 5", L"", L""},      {L"Mapping 4 (2)", L"", L""}, {L"a (3)", L"", L"ZZ"}};
     EXPECT_EQ(config.mappings, expected);
+}
+
+TEST(Configuration, ListsHaveALimit) {
+    std::wstring many;
+    for (size_t i = 0; i < kMaxListed; ++i) {
+        many += i == 0 ? L"{}" : L", {}";
+    }
+    const auto read = [](const std::wstring& mappings) { return parsed(L"{\"Mappings\": [" + mappings + L"]}"); };
+    EXPECT_FALSE(read(many).origin.damaged);
+    EXPECT_TRUE(read(many + L", {}").origin.damaged);
+    EXPECT_EQ(read(many + L", {}, {}").mappings.size(), kMaxListed);
+    std::ranges::replace(many, L'{', L'"');
+    std::ranges::replace(many, L'}', L'"');
+    const ProductConfig options = parsed(L"{\"MountOptions\": [" + many + L", \"x\"]}");
+    EXPECT_EQ(options.mountOptions.size(), kMaxListed);
+    EXPECT_TRUE(options.origin.damaged);
 }
 
 TEST(Configuration, TheFileIsWrittenInItsOrder) {

@@ -48,16 +48,22 @@ TEST(Json, ErrorsTellWhere) {
     }
 }
 
-TEST(Json, DepthHasALimit) {
+TEST(Json, DepthNumberAndLengthHaveLimits) {
     const auto nested = [](size_t depth) { return std::wstring(depth, L'[') + std::wstring(depth, L']'); };
     EXPECT_TRUE(parseJson(nested(base::kMaxJsonDepth)));
     EXPECT_FALSE(parseJson(nested(base::kMaxJsonDepth + 1)));
-    EXPECT_EQ(parseJson(std::wstring(1 << 20, L'[')).error().reason, L"Nested too deeply.");
+    EXPECT_EQ(parseJson(std::wstring(1 << 20, L'[')).error().reason, L"Nested too deeply, or too many values.");
     std::wstring objects;
     for (size_t i = 0; i <= base::kMaxJsonDepth; ++i) {
         objects += L"{\"a\":";
     }
-    EXPECT_EQ(parseJson(objects).error().reason, L"Nested too deeply.");
+    EXPECT_EQ(parseJson(objects).error().reason, L"Nested too deeply, or too many values.");
+    std::wstring many = L"[";
+    for (size_t i = 0; i < base::kMaxJsonValues; ++i) {
+        many += L"0,";
+    }
+    EXPECT_EQ(parseJson(many + L"0]").error().reason, L"Nested too deeply, or too many values.");
+    EXPECT_EQ(parseJson(std::wstring(base::kMaxJsonLength + 1, L' ')).error().reason, L"Longer than any document.");
 }
 
 }  // namespace

@@ -16,7 +16,8 @@ TEST(Log, TimeStampsAndLines) {
 }
 
 TEST(Log, TextFromElsewhereStaysOnItsLineAndShort) {
-    EXPECT_EQ(velquin::singleLine(L"1.0\r\n3.2.2025  9:05:00  forged\t\x7F."), L"1.0  3.2.2025  9:05:00  forged  .");
+    EXPECT_EQ(velquin::singleLine(L"1.0\r\n3.2.2025  9:05:00  forged\t\x7F.\x85\u2028\u202E\u2069"),
+              L"1.0  3.2.2025  9:05:00  forged  .    ");
     EXPECT_EQ(velquin::singleLine(std::wstring(300, L'x')), std::wstring(300, L'x'));
     EXPECT_EQ(velquin::singleLine(std::wstring(301, L'x')), std::wstring(300, L'x') + L" …");
 }

@@ -52,18 +52,21 @@ TEST(Text, MaximalIllFormedPartsBecomeOneReplacementEach) {
 
 TEST(Text, FilesAreReadByTheirByteOrderMark) {
     using namespace std::string_view_literals;
-    const std::pair<std::string_view, const wchar_t*> cases[] = {
-        {""sv, L""},
-        {"\xC3\xA9\xFF"sv, L"\xE9\xFFFD"},
-        {"\xEF\xBB\xBF{\xC3\xA9"sv, L"{\xE9"},
-        {"\xFF\xFE{\0\xE9\0\x3D\xD8\0\xDE"sv, L"{\xE9\U0001F600"},
-        {"\xFE\xFF\0{\0\xE9\xD8\x3D\xDE\0"sv, L"{\xE9\U0001F600"},
+    const std::tuple<std::string_view, const wchar_t*, bool> cases[] = {
+        {""sv, L"", true},
+        {"\xC3\xA9\xEF\xBF\xBD"sv, L"\xE9\xFFFD", true},
+        {"\xC3\xA9\xFF"sv, L"\xE9\xFFFD", false},
+        {"\xEF\xBB\xBF{\xC3\xA9"sv, L"{\xE9", true},
+        {"\xFF\xFE{\0\xE9\0\x3D\xD8\0\xDE"sv, L"{\xE9\U0001F600", true},
+        {"\xFE\xFF\0{\0\xE9\xD8\x3D\xDE\0"sv, L"{\xE9\U0001F600", true},
         // Half a pair, half a unit.
-        {"\xFF\xFE\x3D\xD8{\0\0\xDE"sv, L"\xFFFD{\xFFFD"},
-        {"\xFE\xFF\0{\0"sv, L"{"},
+        {"\xFF\xFE\x3D\xD8{\0\0\xDE"sv, L"\xFFFD{\xFFFD", false},
+        {"\xFE\xFF\0{\0"sv, L"{", false},
     };
-    for (const auto& [bytes, text] : cases) {
-        EXPECT_EQ(base::decodeTextFile(bytes), text) << testing::PrintToString(bytes);
+    for (const auto& [bytes, text, isWellFormed] : cases) {
+        const base::DecodedText decoded = base::decodeTextFile(bytes);
+        EXPECT_EQ(decoded.text, text) << testing::PrintToString(bytes);
+        EXPECT_EQ(decoded.isWellFormed, isWellFormed) << testing::PrintToString(bytes);
     }
 }
 

@@ -107,7 +107,7 @@ TEST(Update, AHistoryOfAnyShapeGivesItsEntries) {
     const std::pair<std::wstring, size_t> cases[] = {
         {LR"("history": [)" + entry + L"]", 1},
         {LR"("versions": [)" + entry + L"," + entry + L"]", 2},
-        {LR"("versions": [)" + entry + LR"(], "history": [])", 0},
+        {LR"("versions": [)" + entry + LR"(], "history": [])", 1},
         {LR"("versions": [)" + entry + LR"(], "history": {"version": "1"})", 1},
         {LR"("history": [1, null, "1", [], {}, {"version": 1}, )" + entry + L"]", 1},
         {LR"("history": "none", "changes_i18n": ["de"])", 0},
@@ -149,6 +149,8 @@ TEST(Update, TheHistoryIsRenderedWithTheNewestFirstAndNothingTwice) {
     EXPECT_EQ(renderUpdateHistory(result, L"cs-CZ"), L"3\n- three\n\n2\n- dva\n\n1\n- one\n");
     result.history.insert(result.history.begin(), {{L"", L"", L"- three again", {}}, L"3"});
     EXPECT_EQ(renderUpdateHistory(result, L"en"), L"3\n- three again\n\n2\n- two\n\n1\n- one\n");
+    result.history.front().changesEn = L" ";
+    EXPECT_EQ(renderUpdateHistory(result, L"en"), L"3\n- three\n\n2\n- two\n\n1\n- one\n");
     EXPECT_EQ(renderUpdateHistory({}, L"en"), L"");
 }
 

@@ -60,6 +60,7 @@ def test_bullets_are_joined_and_sorted_by_version_and_language(read):
     ("- Second.", "Second.", "7: neither a bullet"),
     ("- Second.", "  - Second.", "7: neither a bullet"),
     ("- Second.", "\n  Second.", "8: neither a bullet"),
+    ("- Second.", "- Sec\u2028ond.", "7: holds a control character"),
     ("- Second.", "- \udcff.", " is no UTF-8 text from byte "),
     (GOOD, "# Changes\n", "2: there is no section of a version"),
 ])

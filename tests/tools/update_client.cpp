@@ -1,7 +1,7 @@
 // The update client from a command line, for tests and benchmarks:
 //   update_client RESULT get URL [TIMEOUT_MS]
 //   update_client RESULT download URL FILE [TIMEOUT_MS]
-//   update_client RESULT verify URL SHA256 FILE LABEL
+//   update_client RESULT verify URL SHA256 FILE LABEL    the text is then where the file is held
 //   update_client RESULT sha256 FILE
 // RESULT is a file that gets "ok" or "failed", then the milliseconds it took, and the text or error, each on lines of
 // their own in UTF-8. Exit code 0 for ok, 1 for failed.
@@ -37,7 +37,12 @@ Outcome run(const std::wstring& command, std::span<wchar_t*> arguments) {
     } else if (command == L"download") {
         outcome.ok = downloadSetupFile(argument(0), argument(1), error, timeout(2, kDownloadReceiveTimeoutMs));
     } else if (command == L"verify") {
-        outcome.ok = verifyLiveUpdatePayload(argument(0), argument(1), argument(2), argument(3), error);
+        base::HeldFile held;
+        outcome.ok = verifyLiveUpdatePayload(argument(0), argument(1), argument(2), argument(3), error, &held);
+        constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+        const bool isHeld =
+            !base::openFile(held.path(), GENERIC_WRITE, kShareAll, OPEN_EXISTING) && !DeleteFileW(held.path().c_str());
+        outcome.text = isHeld ? held.path() : L"not held";
     } else if (command == L"sha256") {
         outcome.ok = computeFileSha256(argument(0), outcome.text, error);
     }

@@ -21,6 +21,9 @@ protected:
         normalizeMappings(config);
         return config;
     }
+    static bool save(ProductConfig config, const std::optional<std::wstring>& file = std::nullopt) {
+        return saveProductConfig(config, file);
+    }
 };
 
 TEST_F(ConfigurationFile, IsTheUsersOwnUnlessAnotherIsNamed) {
@@ -31,11 +34,11 @@ TEST_F(ConfigurationFile, IsTheUsersOwnUnlessAnotherIsNamed) {
     const std::wstring legacy = userPaths().legacyConfigurationFile();
     writeFile(legacy, "\xEF\xBB\xBF{\"VolumePath\": \"C:\\\\old.hc\", \"DriveLetter\": \"q\", \"Language\": \"cs\"}");
     EXPECT_EQ(loadProductConfig().mappings, (std::vector<Mapping>{{L"Mapping 1", L"C:\\old.hc", L"Q", true}}));
-    ASSERT_TRUE(saveProductConfig(named(L"de")));
+    ASSERT_TRUE(save(named(L"de")));
     EXPECT_EQ(loadProductConfig().language, L"de") << "its own file comes first";
     EXPECT_TRUE(base::fileExists(legacy));
     const std::wstring other = path(L"new folder\\größer.json");
-    ASSERT_TRUE(saveProductConfig(named(L"fr", 2), other));
+    ASSERT_TRUE(save(named(L"fr", 2), other));
     EXPECT_EQ(loadProductConfig(other), loadProductConfig(other));
     EXPECT_EQ(loadProductConfig(other).mappings, named(L"fr", 2).mappings);
     EXPECT_EQ(loadProductConfig().language, L"de");
@@ -63,41 +66,66 @@ TEST_F(ConfigurationFile, WhateverItHoldsIsReadQuietly) {
     EXPECT_EQ(loadProductConfig().language, L"größer 漢");
     writeFile(file, std::string(300000, '\0') + "{\"Language\": \"behind zeros\"}");
     EXPECT_EQ(loadProductConfig().language, L"behind zeros");
-    // Too large to be anybody's settings: not read, and set aside when others are saved.
-    writeFile(file, std::string(kMaxConfigurationBytes + 1, ' '));
-    const ProductConfig config = loadProductConfig();
-    EXPECT_TRUE(config.unread);
-    EXPECT_EQ(config.language, L"auto");
-    EXPECT_TRUE(saveProductConfig(config));
-    EXPECT_TRUE(saveProductConfig(config)) << "the second time there is nothing to set aside";
-    EXPECT_EQ(base::fileSize(file + L".unread"), kMaxConfigurationBytes + 1);
-    EXPECT_FALSE(loadProductConfig().unread);
-    EXPECT_FALSE(loadProductConfig(folder_).unread) << "a folder is no file";
+    EXPECT_TRUE(loadProductConfig().origin.damaged) << "that is no JSON";
+    writeFile(file, " \r\n");
+    EXPECT_FALSE(loadProductConfig().origin.damaged) << "there is nothing in it to lose";
+}
+
+TEST_F(ConfigurationFile, OfADamagedOneACopyIsKeptOnce) {
+    const std::wstring file = configurationFile();
+    const std::string damaged[] = {
+        "{\"Language\": \"de\", \"Mappings\": [{\"Name\": \"cut o",
+        "{\"Language\": \"de\", \"VeraCryptPath\": \"C:\\\\pr\xE1"
+        "ce.exe\"}",  // of another encoding
+        std::string(kMaxConfigurationBytes + 1, ' '),
+    };
+    for (const std::string& bytes : damaged) {
+        writeFile(file, bytes);
+        ProductConfig config = loadProductConfig();
+        EXPECT_TRUE(config.origin.damaged);
+        EXPECT_EQ(config.language, bytes.front() == '{' ? L"de" : L"auto") << "what can be read is read";
+        EXPECT_TRUE(saveProductConfig(config));
+        EXPECT_TRUE(saveProductConfig(config)) << "the second time there is nothing to keep";
+        EXPECT_FALSE(loadProductConfig().origin.damaged);
+    }
+    EXPECT_EQ(readFile(file + L".kept"), damaged[0]);
+    EXPECT_EQ(readFile(file + L".kept-2"), damaged[1]);
+    EXPECT_EQ(readFile(file + L".kept-3"), damaged[2]);
+    EXPECT_FALSE(base::pathExists(file + L".kept-4"));
+    // Nor is anything written that could not be read again.
+    ProductConfig endless;
+    endless.uiState = L"{\"x\": \"" + std::wstring(kMaxConfigurationBytes, L'x') + L"\"}";
+    const std::string before = readFile(file);
+    EXPECT_FALSE(saveProductConfig(endless));
+    EXPECT_EQ(readFile(file), before);
 }
 
 TEST_F(ConfigurationFile, InUseItIsWaitedForAndElseKept) {
     const std::wstring file = path(L"c.json");
-    ASSERT_TRUE(saveProductConfig(named(L"old"), file));
+    ASSERT_TRUE(save(named(L"old"), file));
     const std::string old = readFile(file);
     {
         const base::UniqueFile locked = base::openFile(file, GENERIC_READ, 0, OPEN_EXISTING);
-        EXPECT_TRUE(loadProductConfig(file).unread);
-        EXPECT_FALSE(saveProductConfig(named(L"new"), file));
+        ProductConfig config = loadProductConfig(file);
+        EXPECT_TRUE(config.origin.damaged);
+        EXPECT_FALSE(saveProductConfig(config, file)) << "not even a copy can be kept";
+        EXPECT_FALSE(save(named(L"new"), file));
     }
     EXPECT_EQ(readFile(file), old);
     EXPECT_THAT(namesIn(folder_), testing::UnorderedElementsAre(L"c.json", L"c.log")) << "no half of a new one is left";
-    EXPECT_THAT(readFile(path(L"c.log")), testing::HasSubstr("configuration not saved: "));
+    EXPECT_THAT(readFile(path(L"c.log")),
+                testing::HasSubstr("configuration not saved, the file could not be replaced: "));
     // A reader that is done soon is waited for.
     base::UniqueFile reader = base::openFile(file, GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
     std::thread done([&reader] {
         Sleep(200);
         reader.reset();
     });
-    EXPECT_TRUE(saveProductConfig(named(L"new"), file));
+    EXPECT_TRUE(save(named(L"new"), file));
     done.join();
     EXPECT_EQ(loadProductConfig(file).language, L"new");
     SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY);
-    EXPECT_FALSE(saveProductConfig(named(L"newer"), file)) << "its owner does not want it changed";
+    EXPECT_FALSE(save(named(L"newer"), file)) << "its owner does not want it changed";
     EXPECT_EQ(loadProductConfig(file).language, L"new");
     SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
 }
@@ -105,20 +133,20 @@ TEST_F(ConfigurationFile, InUseItIsWaitedForAndElseKept) {
 TEST_F(ConfigurationFile, ManyWritersAndReadersSeeWholeFiles) {
     const std::wstring file = path(L"c.json");
     const ProductConfig configs[] = {named(L"a", 1), named(L"b", 400)};
-    ASSERT_TRUE(saveProductConfig(configs[0], file));
+    ASSERT_TRUE(save(configs[0], file));
     std::atomic<int> saved = 0;
     std::vector<std::thread> writers;
     for (const ProductConfig& config : configs) {
         writers.emplace_back([&] {
             for (int i = 0; i < 40; ++i) {
-                saved += saveProductConfig(config, file) ? 1 : 0;
+                saved += save(config, file) ? 1 : 0;
             }
         });
     }
     int read = 0;
     while (saved < 80 && read < 4000) {
         const ProductConfig config = loadProductConfig(file);
-        ASSERT_FALSE(config.unread);
+        ASSERT_FALSE(config.origin.damaged);
         ASSERT_EQ(config.mappings, configs[config.language == L"b" ? 1 : 0].mappings);
         ++read;
     }

@@ -1,5 +1,6 @@
 """Reads CHANGELOG.md: what each version brought, in each language. Strict, since whatever it misread would be published."""
 import re
+import unicodedata
 from dataclasses import dataclass, field
 
 SECTION = re.compile(r"## (\d+(?:\.\d+){1,3})( \(unreleased\))?")
@@ -46,7 +47,10 @@ class Reader:
     def read(self, text):
         for number, line in enumerate(text.split("\n"), 1):
             self.place = f"{self.file}:{number}"
-            self.line(line.rstrip())
+            line = line.rstrip()
+            if any(unicodedata.category(character) in ("Cc", "Zl", "Zp") for character in line):
+                raise self.wrong("holds a control character or a line separator, as pasted text may")
+            self.line(line)
         if not self.sections:
             raise self.wrong("there is no section of a version")
         for place, what, bullets in self.headings:

@@ -21,22 +21,6 @@ namespace {
 
 using namespace velquin::update;
 
-template <typename Record>
-struct Field {
-    const char* name;
-    std::wstring Record::* member;
-};
-constexpr Field<UpdateCheckResult> kFields[] = {
-    {"version", &UpdateCheckResult::latestVersion},       {"release_url", &UpdateCheckResult::releaseUrl},
-    {"setup_url", &UpdateCheckResult::setupUrl},          {"sha256", &UpdateCheckResult::sha256},
-    {"data_zip_url", &UpdateCheckResult::dataZipUrl},     {"data_zip_sha256", &UpdateCheckResult::dataZipSha256},
-    {"data_zip_entry", &UpdateCheckResult::dataZipEntry},
-};
-constexpr Field<ChangeNotes> kNotesFields[] = {
-    {"changes", &ChangeNotes::changes},
-    {"changes_cs", &ChangeNotes::changesCs},
-    {"changes_en", &ChangeNotes::changesEn},
-};
 constexpr const wchar_t* kReaders[] = {L"cs-CZ", L"en"};
 
 void print(const std::string& name, std::wstring_view value) {
@@ -46,8 +30,8 @@ void print(const std::string& name, std::wstring_view value) {
 }
 
 void printNotes(const std::string& prefix, const ChangeNotes& notes) {
-    for (const auto& field : kNotesFields) {
-        print(prefix + field.name, notes.*field.member);
+    for (const auto& key : kNotesKeys) {
+        print(prefix + base::toUtf8(key.name), notes.*key.member);
     }
     for (const auto& [tag, text] : notes.changesI18n) {
         print(prefix + "changes_i18n." + base::toUtf8(tag), text);
@@ -55,8 +39,8 @@ void printNotes(const std::string& prefix, const ChangeNotes& notes) {
 }
 
 void printManifest(const UpdateCheckResult& manifest) {
-    for (const auto& field : kFields) {
-        print(field.name, manifest.*field.member);
+    for (const auto& key : kManifestKeys) {
+        print(base::toUtf8(key.name), manifest.*key.member);
     }
     printNotes("", manifest);
     for (size_t i = 0; i < manifest.history.size(); ++i) {

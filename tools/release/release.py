@@ -152,7 +152,7 @@ def read_as_client(manifest_check, manifest):
     if result.returncode != 0:
         reason = " ".join(result.stderr.decode(errors="replace").split())
         raise Refused(f"the client would refuse update.json: {reason}")
-    pairs = (line.split("=", 1) for line in result.stdout.decode().splitlines())
+    pairs = (line.split("=", 1) for line in result.stdout.decode().split("\n") if line)
     return {name: json.loads(f'"{value}"') for name, value in pairs}
 
 
@@ -180,7 +180,7 @@ def check_release(folder, manifest, data, manifest_check):
     if read_back != data or (read_back["setup_size"], read_back["setup_sha256"]) != (len(setup), sha256(setup)):
         raise Refused(f"{DATA_ENTRY} does not describe what is published")
 
-    listed = dict(reversed(line.split("  ", 1)) for line in on_disk.pop(SUMS).decode().splitlines())
+    listed = dict(reversed(line.split("  ", 1)) for line in on_disk.pop(SUMS).decode().split("\n") if line)
     if listed != {name: sha256(content).lower() for name, content in on_disk.items()}:
         raise Refused(f"{SUMS} does not describe what is published")
 
@@ -190,7 +190,7 @@ def put_in_place(made, folder, aside):
         folder.rename(aside)
     try:
         made.rename(folder)
-    except OSError:
+    except BaseException:  # an interrupt, too, must not cost the earlier one
         if aside.exists():
             aside.rename(folder)
         raise
