@@ -46,8 +46,8 @@ struct JsonError {
 // No document that a person or a program means is nested more deeply, holds more values or is longer (in units):
 // reading one that does would only cost memory.
 inline constexpr size_t kMaxJsonDepth = 256;
-inline constexpr size_t kMaxJsonValues = 1'000'000;
-inline constexpr size_t kMaxJsonLength = size_t{1} << 26;
+inline constexpr size_t kMaxJsonValues = 200'000;
+inline constexpr size_t kMaxJsonLength = size_t{1} << 24;
 
 // Reads a whole document, which may begin with a byte-order mark. Anything behind it but white space, a zero character
 // anywhere, half of a surrogate pair as an escape, a number beyond a double and what is beyond the limits above are
