@@ -18,6 +18,7 @@ namespace velquin {
 namespace {
 
 constexpr wchar_t kConventionalVeraCrypt[] = LR"(C:\Program Files\VeraCrypt\VeraCrypt.exe)";
+
 struct FileText {
     bool missing = false;
     bool damaged = false;  // it is there, but cannot be read, or is not what a whole file is
@@ -66,7 +67,7 @@ ProductConfig loadProductConfig(const std::optional<std::wstring>& path) {
     defaults.veraCryptPath = detectVeraCrypt();
     FileText file = readTextFile(path.value_or(configurationFile()));
     if (file.missing) {
-        file = readTextFile(userPaths().legacyConfigurationFile());
+        file = readTextFile(legacyConfigurationFile());
     }
     defaults.origin.damaged = file.damaged;
     return parseProductConfig(file.text, std::move(defaults));

@@ -56,6 +56,7 @@ std::wstring ownFolder();
 UserPaths userPaths();
 std::wstring dataFolder();
 std::wstring configurationFile();
+std::wstring legacyConfigurationFile();
 std::wstring setupLogFile();
 std::wstring passwordFile();
 

@@ -70,6 +70,10 @@ std::wstring configurationFile() {
     return UserPaths(environmentFolders()).configurationFile();
 }
 
+std::wstring legacyConfigurationFile() {
+    return UserPaths(environmentFolders()).legacyConfigurationFile();
+}
+
 std::wstring setupLogFile() {
     return logFileBeside(configurationFile());
 }

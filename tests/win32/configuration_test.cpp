@@ -31,7 +31,7 @@ TEST_F(ConfigurationFile, IsTheUsersOwnUnlessAnotherIsNamed) {
     EXPECT_EQ(defaults.language, L"auto");
     EXPECT_EQ(defaults.veraCryptPath, LR"(C:\Program Files\VeraCrypt\VeraCrypt.exe)");
     EXPECT_FALSE(base::pathExists(configurationFile())) << "reading makes nothing";
-    const std::wstring legacy = userPaths().legacyConfigurationFile();
+    const std::wstring legacy = legacyConfigurationFile();
     writeFile(legacy, "\xEF\xBB\xBF{\"VolumePath\": \"C:\\\\old.hc\", \"DriveLetter\": \"q\", \"Language\": \"cs\"}");
     EXPECT_EQ(loadProductConfig().mappings, (std::vector<Mapping>{{L"Mapping 1", L"C:\\old.hc", L"Q", true}}));
     ASSERT_TRUE(save(named(L"de")));
