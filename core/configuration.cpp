@@ -5,6 +5,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "base/json.h"
 #include "base/json_text.h"
 #include "base/text.h"
 #include "base/windows_path.h"
@@ -227,8 +228,9 @@ ProductConfig parseProductConfig(std::wstring_view text, ProductConfig defaults)
     readFlags(config, text, kFlags);
     readTexts(config, text, kSettings);
     if (const auto state = base::readJsonRaw(text, kUiState, L'{')) {
-        const bool hasContent = !base::trimmed(state->substr(1, state->size() - 2)).empty();
-        config.uiState = hasContent ? std::wstring(*state) : L"";
+        // It is written as it stands here, so it has to be fit for a file.
+        const auto object = base::parseJson(*state);
+        config.uiState = object && !object->object()->empty() ? std::wstring(*state) : L"";
     }
     normalizeMappings(config);
     return config;

@@ -6,6 +6,7 @@ import subprocess
 import pytest
 
 from machine import BIN, BUILD, DATA, DEFAULT_FOLDER, REPO  # noqa: F401
+from update_host import product_settings
 
 UNINSTALL_KEY = r"Software\Microsoft\Windows\CurrentVersion\Uninstall\LumoraVelquin"
 PROGRAMS = r"C:\ProgramData\Microsoft\Windows\Start Menu\Programs"
@@ -18,7 +19,7 @@ DESKTOP = r"C:\users\root\Desktop\Lumora Velquin.lnk"
 CONFIG = DATA + r"\velquin.json"
 TASK = "Lumora Velquin"
 LEGACY_TASK = "Lumora - Quenbria VeraCrypt mount"
-VERSION = "1.0.188"
+VERSION = product_settings(REPO)[0]
 
 BUTTONS = [f"velquin_{picture}{state}.png" for picture in ("check_updates", "update_available")
            for state in ("", "_disabled", "_hot", "_pressed")]

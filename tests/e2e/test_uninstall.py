@@ -12,12 +12,12 @@ def test_from_the_install_folder_the_temporary_copy_does_the_work(machine):
     assert machine.wait_for_worker()
     assert_nothing_left(machine)
     assert machine.read(CONFIG) == "{}"
-    assert_in_order(machine.log(), "setup 1.0.188 started: mode=uninstall", "temp uninstall worker launched: ",
-                    "setup finished: exit=0", "setup 1.0.188 started: mode=uninstall", "uninstall started",
+    assert_in_order(machine.log(), f"setup {VERSION} started: mode=uninstall", "temp uninstall worker launched: ",
+                    "setup finished: exit=0", f"setup {VERSION} started: mode=uninstall", "uninstall started",
                     "msiexec launch uninstall: /x ", "registry key deleted: ",
                     "file deleted: ", "install folder removed: ", "MSI uninstall ok",
                     "scheduled delete on reboot: ", "setup finished: exit=0")
-    assert "--temp-uninstall-worker" in [line for line in machine.log() if line.startswith("setup 1.0.188")][-1]
+    assert "--temp-uninstall-worker" in [line for line in machine.log() if line.startswith(f"setup {VERSION}")][-1]
     pending = machine.report()["pending"]
     assert len(pending) == 1 and "VelquinSetup-uninstall-worker-" in pending[0][0] and pending[0][1] == ""
     worker = pending[0][0].removeprefix("\\??\\")

@@ -6,12 +6,16 @@ import socket
 import socketserver
 import ssl
 import subprocess
+import sys
 import threading
 from pathlib import Path
 
-from machine import BIN
+from machine import BIN, REPO
 
-HOST = "updates.velquin.example"
+sys.path.insert(0, str(REPO / "tools" / "release"))
+from settings import product_settings  # noqa: E402
+
+HOST = product_settings(REPO)[1]
 BASE = f"https://{HOST}/apps/velquin/"
 
 
@@ -177,11 +181,11 @@ class Client:
 
     def __init__(self, machine, authority):
         self.machine = machine
+        machine.put(authority.folder / "ca.der", r"C:\ca.der")
+        assert machine.wine(BIN / "trust_certificate.exe", r"C:\ca.der")
         self.plain, self.secure = UpdateHost(), UpdateHost(authority.context)
         self.routes = {f"{HOST}:443": self.secure.port}
         self.proxy = Proxy(self.routes)
-        machine.put(authority.folder / "ca.der", r"C:\ca.der")
-        assert machine.wine(BIN / "trust_certificate.exe", r"C:\ca.der")
         machine.environment["http_proxy"] = f"http://127.0.0.1:{self.proxy.port}"
 
     def __call__(self, *arguments, timeout=120):

@@ -30,6 +30,21 @@ def option_problems():
         yield f"docs/command-line.md lists the exit codes {sorted(listed)}, the code has {sorted(codes)}"
 
 
+def key_problems():
+    """The tables of keys of the configuration and of the manifest name the keys of the code."""
+    def rows(name):
+        first = [line.split("|")[1] for line in text(name).splitlines() if line.startswith("| `")]
+        return {key for cell in first for key in re.findall(r"`(\w+)`", cell)}
+
+    for paper, source, besides in (
+            ("docs/configuration.md", "core/configuration.cpp", {"Name", "Enabled", "ui_state_schema_version"}),
+            ("docs/updates.md", "update/manifest.h", set())):
+        keys = set(re.findall(r'\{L"(\w+)", &', text(source))) - besides
+        if len(keys) < 8:
+            yield f"only {len(keys)} keys were found in {source}"
+        yield from (f"{paper} lacks the key {key}" for key in keys - rows(paper))
+
+
 def link_problems():
     for path in files("*.md"):
         for target in re.findall(r"\]\(([^)#]+)(?:#[^)]*)?\)", text(path)):
@@ -56,7 +71,7 @@ def content_problems():
 
 
 def main():
-    problems = [*option_problems(), *link_problems(), *content_problems()]
+    problems = [*option_problems(), *key_problems(), *link_problems(), *content_problems()]
     return report(problems, f"{len(files('*.md'))} papers")
 
 

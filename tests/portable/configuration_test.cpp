@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "base/json.h"
 #include "base/text.h"
 #include "tests/portable/table.h"
 
@@ -59,19 +60,38 @@ TEST(Configuration, AFirstOccurrenceDecidesAndThePresentSpellingWins) {
               (std::vector<std::wstring>{L"a]", L"\"b"}));
 }
 
+TEST(Configuration, TheUiStateIsHandedOnWhenItIsFitForAFile) {
+    ProductConfig defaults;
+    defaults.uiState = L"{\"of\": \"before\"}";
+    const std::pair<const wchar_t*, const wchar_t*> cases[] = {
+        {LR"({"ui_state": {"a": [1, {"b": "}"}] } })", LR"({"a": [1, {"b": "}"}] })"},
+        {LR"({"ui_state": {"a": 1,}})", L""},
+        {LR"({"ui_state": {a}})", L""},
+        {LR"({"ui_state": { }})", L""},
+        {LR"({"ui_state": []})", L"{\"of\": \"before\"}"},
+    };
+    for (const auto& [text, state] : cases) {
+        EXPECT_EQ(parseProductConfig(text, defaults).uiState, state) << testing::PrintToString(text);
+    }
+}
+
 TEST(Configuration, MappingsAreNormalised) {
     ProductConfig config;
     config.volumePath = L" C:\\old.hc\t";
     config.driveLetter = L" x ";
     normalizeMappings(config);
+    EXPECT_EQ(config.driveLetter, L"X");
     const std::vector<Mapping> single{{L"Mapping 1", L"C:\\old.hc", L"X", true}};
     EXPECT_EQ(config.mappings, single);
     EXPECT_EQ(config.volumePath, L"C:\\old.hc") << "for older versions";
     // Once the last mapping has been taken away, the single volume must not come back.
     for (ProductConfig changed : {config, parsed(formatProductConfig(config))}) {
         changed.mappings.clear();
-        EXPECT_EQ(parsed(formatProductConfig(changed)).mappings, std::vector<Mapping>());
+        const ProductConfig read = parsed(formatProductConfig(changed));
+        EXPECT_EQ(read.mappings, std::vector<Mapping>());
+        EXPECT_EQ(read.volumePath + read.driveLetter, L"");
     }
+    EXPECT_TRUE(parsed(LR"({"DriveLetter": "x"})").mappings.empty()) << "a letter alone is no volume";
     EXPECT_FALSE(parsed(LR"({"VolumePath": "C:\\a", "Mappings": []})").origin.explicitMappings);
     EXPECT_TRUE(parsed(formatProductConfig(config)).origin.explicitMappings);
 
@@ -134,13 +154,29 @@ TEST(Configuration, TheFileIsWrittenInItsOrder) {
   "ui_state": {"window": {"normal_bounds": [1, 2]}, "other": "kept \u00e4s it is"}
 }
 )");
+    const std::wstring empty = formatProductConfig({});
+    EXPECT_TRUE(empty.ends_with(L"\"ui_state\": {}\n}\n") && empty.contains(L"\"Suspended\": false"));
 }
 
 // Texts that are hard to read back: brackets, quotes, escapes, and the keys themselves, alone and behind a quote.
 std::wstring hardText(std::mt19937& random) {
-    constexpr const wchar_t* kWords[] = {L"VolumePath", L"DriveLetter", L"Mappings",   L"MountOptions",
-                                         L"Name",       L"Enabled",     L"ui_state",   L"skin_id",
-                                         L"SkinId",     L"Language",    L"UpdatedUtc", L"VeraCryptPath"};
+    constexpr const wchar_t* kWords[] = {L"DisableHistory",
+                                         L"DisablePasswordCache",
+                                         L"Suspended",
+                                         L"PerformanceProfile",
+                                         L"performance_profile",
+                                         L"VolumePath",
+                                         L"DriveLetter",
+                                         L"Mappings",
+                                         L"MountOptions",
+                                         L"Name",
+                                         L"Enabled",
+                                         L"ui_state",
+                                         L"skin_id",
+                                         L"SkinId",
+                                         L"Language",
+                                         L"UpdatedUtc",
+                                         L"VeraCryptPath"};
     constexpr wchar_t kAlphabet[] = L"aZ9 \\\\\"\"{}[],:/\n\x01\u00E9\U0001F600";
     const std::wstring word = kWords[random() % std::size(kWords)];
     switch (random() % 4) {
@@ -178,6 +214,7 @@ TEST(Configuration, WhatIsSavedIsLoaded) {
         ASSERT_EQ(config, once) << "normalising again changes nothing";
         const std::wstring text = formatProductConfig(config);
         ASSERT_EQ(parsed(text), config) << base::toUtf8(text);
+        ASSERT_TRUE(base::parseJson(text)) << base::toUtf8(text);
     }
 }
 
@@ -185,6 +222,7 @@ TEST(Configuration, VeraCryptIsLookedForBelowTheProgramFolders) {
     using List = std::vector<std::wstring>;
     EXPECT_EQ(veraCryptCandidates(L"D:\\P", L"D:\\P86"),
               (List{LR"(D:\P\VeraCrypt\VeraCrypt.exe)", LR"(D:\P86\VeraCrypt\VeraCrypt.exe)"}));
+    EXPECT_EQ(veraCryptCandidates(L"D:\\P", L"")[1], LR"(C:\Program Files (x86)\VeraCrypt\VeraCrypt.exe)");
     EXPECT_EQ(veraCryptCandidates(L"", L""), (List{LR"(C:\Program Files\VeraCrypt\VeraCrypt.exe)",
                                                    LR"(C:\Program Files (x86)\VeraCrypt\VeraCrypt.exe)"}));
 }

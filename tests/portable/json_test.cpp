@@ -24,6 +24,8 @@ TEST(Json, ValuesKeepTheirKindPlaceAndOrder) {
     EXPECT_EQ(*document->find(L"a")->find(L"b")->string(), L"inner") << "the first of two";
     EXPECT_EQ(document->find(L"A")->boolean(), false) << "case counts";
     EXPECT_EQ(document->find(L"c"), nullptr);
+    EXPECT_EQ(parseJson(LR"({"changes_en": 1, "changes": 2})")->find(L"changes")->number(), 2.0);
+    EXPECT_EQ(parseJson(L"18446744073709551615")->number(), 18446744073709551615.0);
     EXPECT_EQ(array[4].find(L"b"), nullptr);
 }
 
@@ -63,6 +65,14 @@ TEST(Json, DepthNumberAndLengthHaveLimits) {
         many += L"0,";
     }
     EXPECT_EQ(parseJson(many + L"0]").error().reason, L"Nested too deeply, or too many values.");
+    many.resize(many.size() - 3);  // as many as may be, the array itself among them
+    EXPECT_TRUE(parseJson(many + L"]"));
+    std::wstring containers = L"[";
+    for (size_t i = 0; i < base::kMaxJsonValues; ++i) {
+        containers += L"[],";
+    }
+    EXPECT_EQ(parseJson(containers + L"0]").error().reason, L"Nested too deeply, or too many values.");
+    EXPECT_TRUE(parseJson(L"1" + std::wstring(base::kMaxJsonLength - 1, L' ')));
     EXPECT_EQ(parseJson(std::wstring(base::kMaxJsonLength + 1, L' ')).error().reason, L"Longer than any document.");
 }
 

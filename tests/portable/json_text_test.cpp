@@ -81,6 +81,8 @@ TEST(JsonText, Escapes) {
         {LR"(\ud83d)", L"\uFFFD"},
         {LR"(\ud83d\ud83d\ude00)", L"\uFFFD\U0001F600"},
         {LR"(\ud83d\ude0)", L"\uFFFD\\ude0"},
+        {LR"(\udc00\udc00)", L"\uFFFD\uFFFD"},
+        {LR"(\u1)", LR"(\u1)"},
         // What is no escape stays.
         {LR"(\u12)", LR"(\u12)"},
         {LR"(\u00g0\U0041\x41\'a\)", LR"(\u00g0\U0041\x41\'a\)"},

@@ -52,7 +52,8 @@ TEST(Update, VersionsAreOrdered) {
 TEST(Update, AddressesGetANewQueryEachTime) {
     EXPECT_EQ(buildCacheBustedUrl(L"https://h/u.json", L"1.2", 77), L"https://h/u.json?vlqn_cb=1.2-77");
     EXPECT_EQ(buildCacheBustedUrl(L"https://h/u?a=b", L"", UINT64_MAX),
-              L"https://h/u?a=b&vlqn_cb=1.0.188-18446744073709551615");
+              std::wstring(L"https://h/u?a=b&vlqn_cb=") + velquin::kVersion + L"-18446744073709551615");
+    EXPECT_EQ(buildCacheBustedUrl(L"https://h/?a/b", L"1", 7), L"https://h/?a/b&vlqn_cb=1-7");
     EXPECT_EQ(buildCacheBustedUrl(L"", L"1.2", 77), L"");
     const std::wstring url = kManifestUrl;
     EXPECT_TRUE(isHttps(url) && url.ends_with(L"/apps/velquin/update.json")) << "of the build's own host";
@@ -160,6 +161,9 @@ TEST(Update, TheSelfTestNoticesWhatGoesWrong) {
     const std::tuple<const wchar_t*, const wchar_t*, const wchar_t*> faults[] = {
         {L"9999.9999.35", L"9999.9999.33", L"Parsed update manifest did not report the expected available update."},
         {L"\"version\"", L"\"Version\"", L"Parsed update manifest did not report the expected available update."},
+        {L"\"release_url\"", L"\"release\"", L"Parsed update manifest fields do not match the expected values."},
+        {L"Nejnov\\u011b", L"Nejnove", L"Czech update changes text did not include the expected version entries."},
+        {L"First notes", L"Notes", L"Czech update changes text did not include the expected version entries."},
         {L"FEDC", L"FEDD", L"Parsed update manifest fields do not match the expected values."},
         {L"update-data.json", L"other.json", L"Parsed update manifest fields do not match the expected values."},
         {L"Star\\u0161", L"Stars", L"Czech update changes text did not include the expected version entries."},
@@ -184,8 +188,12 @@ TEST(Update, TheSelfTestNoticesWhatGoesWrong) {
         change(changed);
         return checkLiveManifest(changed);
     };
-    EXPECT_EQ(errorWith([](auto& m) { m.latestVersion = L"1.0.187"; }),
-              L"Live update manifest version 1.0.187 does not match app version 1.0.188.");
+    const std::wstring own = velquin::kVersion;
+    for (const std::wstring& other : {std::wstring(L"1.0.1"), own + L".0"}) {
+        EXPECT_EQ(errorWith([&](auto& m) { m.latestVersion = other; }),
+                  L"Live update manifest version " + other + L" does not match app version " + own + L".");
+    }
+    EXPECT_EQ(errorWith([](auto& m) { m.history[0] = {{L"", L"jen česky", L"", {}}, L"1"}; }), L"");
     EXPECT_EQ(errorWith([](auto& m) { m.history.clear(); }), L"Live update manifest history is empty.");
     EXPECT_EQ(errorWith([](auto& m) { m.dataZipEntry = L"x/update-data.json"; }),
               L"Live update manifest data_zip_entry does not name update-data.json.");
@@ -193,7 +201,7 @@ TEST(Update, TheSelfTestNoticesWhatGoesWrong) {
               L"Live update manifest history cannot be rendered for the Czech locale.");
 }
 
-// What a server may send to keep a client busy ends with a result or an error, in time linear in its size.
+// What a server may send to keep a client busy ends with a result or an error.
 TEST(Update, HostileManifestsAreAnswered) {
     const size_t large = size_t{1} << 20;
     const std::wstring blanks(large, L' ');

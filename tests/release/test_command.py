@@ -88,6 +88,20 @@ def test_a_first_release_is_its_own_history_and_the_same_at_any_time(make, monke
     assert [entry["version"] for entry in history] == [VERSION]
 
 
+def test_a_published_version_keeps_its_bytes(make, capsys):
+    root = make()
+    assert run(root) == 0 and run(root) == 0
+    (root / SETUP).write_bytes((root / SETUP).read_bytes() + b"another build")
+    assert run(root) == 1
+    assert "release holds another build of " in capsys.readouterr().err
+    (root / "CHANGELOG.md").write_text(NEWEST.replace(f"## {VERSION}", f"## {VERSION} (unreleased)") + EARLIER)
+    assert run(root) == 0
+    # What needs no build is refused before one.
+    assert release.main(["--check"], root) == 0
+    (root / "CHANGELOG.md").write_text(EARLIER)
+    assert release.main(["--check"], root) == 1
+
+
 def change(file, old, new):
     """Changes a file of the checkout, or one of a release before it is checked (those have no folder)."""
     def replace(folder):

@@ -57,6 +57,7 @@ command_test() {
 }
 
 command_release() {
+  python3 "$repo/tools/release/release.py" --check
   build win64
   publish
   build native-release manifest_check

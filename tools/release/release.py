@@ -2,14 +2,13 @@
 """Writes out/release, the folder that is uploaded as it is to publish this version: the setup, the update manifest, the
 update data and the digests of all of them. docs/updates.md describes them.
 
-The same sources give the same bytes. The folder is put in place only when the update client's own code has read the
+The same setup and changelog give the same bytes. The folder is put in place only when the update client's own code has read the
 manifest back and everything in it is true of the files; until then an earlier release stays as it was.
 """
 import argparse
 import hashlib
 import io
 import json
-import re
 import subprocess
 import sys
 import tempfile
@@ -19,11 +18,11 @@ from pathlib import Path
 import pefile
 
 from changelog import CZECH, ENGLISH, Refused, numbers, read_changelog, split_at
+from settings import product_settings
 
 REPO = Path(__file__).resolve().parents[2]
 DATA_ENTRY = "update-data.json"
 SUMS = "SHA256SUMS"
-HOST_NAME = re.compile(r"[A-Za-z0-9]([A-Za-z0-9.-]*[A-Za-z0-9])?(:[0-9]+)?")
 COLORS = {"bold": "1", "dim": "2", "good": "32", "name": "36"} if sys.stdout.isatty() else {}
 
 
@@ -32,21 +31,6 @@ def paint(kind, text):
 
 
 # What is published ---------------------------------------------------------------------------------------------------
-
-def product_settings(root):
-    """The version, and the host that the setup asks: the one in the settings of its build, else the default of all."""
-    product = (root / "cmake" / "product.cmake").read_text(encoding="utf-8")
-    cache = root / "build" / "win64" / "CMakeCache.txt"
-    cached = cache.read_text(encoding="utf-8") if cache.exists() else ""
-    built = re.search(r"^PRODUCT_UPDATE_HOST:[^=\n]*=(.*)$", cached, re.M)
-    version = re.search(r'^set\(PRODUCT_VERSION "([^"]*)"\)', product, re.M)
-    host = built or re.search(r'^set\(PRODUCT_UPDATE_HOST "([^"]*)"', product, re.M)
-    if not version or not host:
-        raise Refused("cmake/product.cmake: PRODUCT_VERSION or PRODUCT_UPDATE_HOST was not found")
-    if not HOST_NAME.fullmatch(host[1]):
-        raise Refused(f"PRODUCT_UPDATE_HOST is '{host[1]}', which is no host name")
-    return version[1], host[1]
-
 
 def setup_versions(setup):
     """The versions of file and product in the setup's version resource; none when it has no such resource."""
@@ -230,11 +214,28 @@ def summary(folder, version, host, files, present):
         yield f"Hint: no client can reach {host}; docs/updates.md tells how to build for your own host."
 
 
-def release(root, folder, manifest_check):
+def refuse_other_build(folder, manifest, unreleased):
+    """A version that is published keeps its bytes: who has it would never be offered others of the same number."""
+    earlier = folder / "update.json"
+    if unreleased or not earlier.is_file():
+        return
+    published = json.loads(earlier.read_bytes())
+    if published["version"] == manifest["version"] and published["sha256"] != manifest["sha256"]:
+        raise Refused(f"{folder.name} holds another build of {manifest['version']}, which is not called unreleased; raise the "
+                      "version, or remove that folder if it was never published")
+
+
+def read_sources(root):
+    """What has to be right before anything is built."""
     version, host = product_settings(root)
-    present, earlier = split_at(version, read_changelog(root / "CHANGELOG.md"))
+    return version, host, *split_at(version, read_changelog(root / "CHANGELOG.md"))
+
+
+def release(root, folder, manifest_check):
+    version, host, present, earlier = read_sources(root)
     setup = read_setup(root / "build" / "win64" / "bin" / "VelquinSetup.exe", version, host)
     manifest, data, files = compose(version, host, setup, present, earlier)
+    refuse_other_build(folder, manifest, present.unreleased)
     write_release(files, folder, lambda made: check_release(made, manifest, data, manifest_check))
     shown = folder.relative_to(root) if folder.is_relative_to(root) else folder
     print("\n".join(summary(shown, version, host, files, present)))
@@ -245,9 +246,13 @@ def main(arguments, root=REPO):
     parser.add_argument("--output", type=Path, default=root / "out/release", help="the folder, instead of out/release")
     parser.add_argument("--manifest-check", type=Path, default=root / "build/native-release/bin/manifest_check",
                         help="the program that reads the manifest as the client does")
+    parser.add_argument("--check", action="store_true", help="only say whether version, host and changelog are fit for it")
     options = parser.parse_args(arguments)
     try:
-        release(root, options.output.absolute(), options.manifest_check)
+        if options.check:
+            read_sources(root)
+        else:
+            release(root, options.output.absolute(), options.manifest_check)
     except (Refused, OSError) as error:
         print(f"[dev] error: {error}", file=sys.stderr)
         return 1
