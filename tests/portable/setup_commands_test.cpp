@@ -1,6 +1,7 @@
 // The command lines that the setup writes: for the Task Scheduler, Windows Installer, its own worker and the product.
 #include <gtest/gtest.h>
 
+#include "core/product.h"
 #include "product/command_line.h"
 #include "setup/msi_command.h"
 #include "setup/startup_command.h"
@@ -73,16 +74,17 @@ TEST(SetupCommands, WindowsInstaller) {
               LR"(/i C:\v.msi /qn /norestart INSTALLFOLDER="C:\Program Files\V" STARTWITHWINDOWS=0 DESKTOPSHORTCUT=1)");
     EXPECT_EQ(withMsiLog(msiRemoveArguments(L"{5C8BB41F}"), LR"(C:\my logs\a.log)"),
               LR"(/x {5C8BB41F} /qn /norestart /L*V "C:\my logs\a.log")");
+    const std::wstring version = velquin::kVersion;
     EXPECT_EQ(msiLogFileName(L"remove-existing", L"2024-05-01T08:30:12.045Z"),
-              L"msi-remove-existing-1.0.188-2024-05-01T08-30-12-045Z.log");
-    EXPECT_EQ(msiLogFileName(LR"(..\a_b c/)", L"x"), L"msi----a_b-c--1.0.188-x.log") << "no way out of its folder";
+              L"msi-remove-existing-" + version + L"-2024-05-01T08-30-12-045Z.log");
+    EXPECT_EQ(msiLogFileName(LR"(..\a_b c/)", L"x"), L"msi----a_b-c--" + version + L"-x.log") << "no way out";
     for (const uint32_t code : {0u, 1u, 124u, 1602u, 1603u, 1641u, 3009u, 3010u, 3011u, 0xFFFFFFFFu}) {
         EXPECT_EQ(isMsiSuccess(code), code == 0 || code == 3010) << code;
     }
     const testing_table::Pairs packages = {
-        {LR"(installer\Velquin.msi)", L"1.0.188-Velquin.msi"},
-        {L"a/b/Other.MSI", L"1.0.188-Other.MSI"},
-        {LR"(installer\)", L"1.0.188-Velquin.msi"},
+        {LR"(installer\Velquin.msi)", version + L"-Velquin.msi"},
+        {L"a/b/Other.MSI", version + L"-Other.MSI"},
+        {LR"(installer\)", version + L"-Velquin.msi"},
     };
     testing_table::expectEach(cachedPackageName, packages);
 }
