@@ -75,8 +75,7 @@ void quoteOurs(benchmark::State& state) {
 }
 BENCHMARK(quoteOurs)->Name("quoting/ours");
 
-void quotePeer(benchmark::State& state) {
-    const std::wstring text = sampleText();
+void copyByCharacter(benchmark::State& state, const std::wstring& text) {
     for (auto _ : state) {
         std::wstring copy;
         for (const wchar_t c : text) {
@@ -84,6 +83,10 @@ void quotePeer(benchmark::State& state) {
         }
         benchmark::DoNotOptimize(copy);
     }
+}
+
+void quotePeer(benchmark::State& state) {
+    copyByCharacter(state, sampleText());
 }
 BENCHMARK(quotePeer)->Name("quoting/peer");
 
@@ -134,14 +137,7 @@ void configurationOurs(benchmark::State& state) {
 BENCHMARK(configurationOurs)->Name("configuration/ours");
 
 void configurationPeer(benchmark::State& state) {
-    const std::wstring text = configurationText();
-    for (auto _ : state) {
-        std::wstring copy;
-        for (const wchar_t c : text) {
-            copy.push_back(c);
-        }
-        benchmark::DoNotOptimize(copy);
-    }
+    copyByCharacter(state, configurationText());
 }
 BENCHMARK(configurationPeer)->Name("configuration/peer");
 

@@ -236,8 +236,7 @@ ProductConfig parseProductConfig(std::wstring_view text, ProductConfig defaults)
     return config;
 }
 
-std::wstring formatProductConfig(ProductConfig config) {
-    normalizeMappings(config);
+std::wstring formatProductConfig(const ProductConfig& config) {
     std::vector<std::wstring> mappings, options;
     std::ranges::transform(config.mappings, std::back_inserter(mappings), formatMapping);
     std::ranges::transform(config.mountOptions, std::back_inserter(options), quoted);

@@ -56,13 +56,13 @@ inline constexpr size_t kMaxListed = 1000;
 // Reads the text of a configuration file. What is missing or unreadable in it stays as it is in `defaults`.
 ProductConfig parseProductConfig(std::wstring_view text, ProductConfig defaults);
 
-// The text of a configuration file, of the normalised configuration. Keys are looked up by their first occurrence in
+// The text of the file of a normalised configuration. Keys are looked up by their first occurrence in
 // the whole text, so their order matters, and no value is written so that it reads like a quoted key.
-std::wstring formatProductConfig(ProductConfig config);
+std::wstring formatProductConfig(const ProductConfig& config);
 
-// Runs after every reading and before every writing. Trims the texts of the mappings, upper-cases drive letters, turns
-// a single volume into the mapping "Mapping 1", and gives each mapping a name of its own; no mapping is ever dropped.
-// When the last mapping has been taken away, the single volume goes, too, lest it come back.
+// Runs at the end of every reading and before every saving. Trims the texts of the mappings, upper-cases drive letters,
+// turns a single volume into the mapping "Mapping 1", and gives each mapping a name of its own; no mapping is ever
+// dropped. When the last mapping has been taken away, the single volume goes, too, lest it come back.
 void normalizeMappings(ProductConfig& config);
 
 // Where VeraCrypt.exe is looked for, in this order. Each argument is the value of the environment variable of that

@@ -15,9 +15,6 @@ namespace {
 
 constexpr HttpErrors kDownloadErrors{
     .url = L"WinHTTP cannot parse setup URL.",
-    .session = L"WinHTTP session could not be opened.",
-    .connection = L"WinHTTP connection could not be opened.",
-    .request = L"WinHTTP request could not be opened.",
     .exchange = L"Setup download request failed.",
     .status = L"Setup download returned HTTP status ",
     .available = L"Could not read setup download.",

@@ -13,9 +13,9 @@ namespace velquin::update {
 // What a request says when one of its steps fails, in the order of the steps.
 struct HttpErrors {
     const wchar_t* url;
-    const wchar_t* session;
-    const wchar_t* connection;
-    const wchar_t* request;
+    const wchar_t* session = L"WinHTTP session could not be opened.";
+    const wchar_t* connection = L"WinHTTP connection could not be opened.";
+    const wchar_t* request = L"WinHTTP request could not be opened.";
     const wchar_t* exchange;   // sending, or waiting for the answer
     const wchar_t* status;     // what stands before the status code and a full stop
     const wchar_t* available;  // asking for more of the body

@@ -15,9 +15,6 @@ namespace {
 
 constexpr HttpErrors kManifestErrors{
     .url = L"WinHTTP could not parse the update URL.",
-    .session = L"WinHTTP session could not be opened.",
-    .connection = L"WinHTTP connection could not be opened.",
-    .request = L"WinHTTP request could not be opened.",
     .exchange = L"The update manifest request failed.",
     .status = L"The update manifest returned HTTP status ",
     .available = L"Could not read the update manifest.",

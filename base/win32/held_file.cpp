@@ -41,60 +41,48 @@ HeldFile::Failure writeNewFile(const std::wstring& path, std::span<const std::by
 
 }  // namespace
 
+HeldFile HeldFile::refused(const std::wstring& path, Failure failure, DWORD error) {
+    HeldFile none;
+    none.path_ = path;
+    none.failure_ = failure;
+    SetLastError(error);
+    return none;
+}
+
 HeldFile HeldFile::write(const std::wstring& base, const std::wstring& path, std::span<const std::byte> bytes) {
-    HeldFile held;
-    held.path_ = path;
     // Looked for before any folder is made, so that none comes to lie behind a link, and again when all are there.
     if (firstLinkBelow(base, parentPath(path)).empty()) {
         createFolders(parentPath(path));
     }
     if (!firstLinkBelow(base, parentPath(path)).empty()) {
-        SetLastError(ERROR_REPARSE_POINT_ENCOUNTERED);
-        held.failure_ = Failure::linkInPath;
-        return held;
+        return refused(path, Failure::linkInPath, ERROR_REPARSE_POINT_ENCOUNTERED);
     }
-    held.failure_ = writeNewFile(path, bytes);
-    if (held.failure_ != Failure::none) {
-        return held;
-    }
-    UniqueFile file = openFile(path, GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT);
-    if (!file) {
-        held.failure_ = Failure::changed;
-        return held;
+    if (const Failure failure = writeNewFile(path, bytes); failure != Failure::none) {
+        return refused(path, failure, GetLastError());
     }
     // From here on the open file keeps every folder above it in place. Where it lies was settled when it was opened.
-    if (!firstLinkBelow(base, path).empty() || !liesWhereItSays(file.get(), base, path)) {
-        SetLastError(ERROR_REPARSE_POINT_ENCOUNTERED);
-        held.failure_ = Failure::linkInPath;
-        return held;
+    HeldFile held = open(path);
+    if (held.failure_ == Failure::open) {
+        return refused(path, Failure::changed, GetLastError());
     }
-    if (!holdsExactly(file.get(), bytes)) {
-        SetLastError(ERROR_FILE_INVALID);
-        held.failure_ = Failure::changed;
-        return held;
+    if (!held || !firstLinkBelow(base, path).empty() || !liesWhereItSays(held.handle(), base, path)) {
+        return refused(path, Failure::linkInPath, ERROR_REPARSE_POINT_ENCOUNTERED);
     }
-    // The path with all links above `base` followed: one of them may be turned elsewhere at any time.
-    held.path_ = finalPath(file.get());
-    held.file_ = std::move(file);
-    return held;
+    return holdsExactly(held.handle(), bytes) ? std::move(held) : refused(path, Failure::changed, ERROR_FILE_INVALID);
 }
 
 HeldFile HeldFile::open(const std::wstring& path) {
-    HeldFile held;
-    held.path_ = path;
     UniqueFile file = openFile(path, GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT);
     if (!file) {
-        held.failure_ = Failure::open;
-        return held;
+        return refused(path, Failure::open, GetLastError());
     }
-    // A link to a file may be turned elsewhere; one to a folder above is followed here, once.
+    // A link to a file may be turned elsewhere at any time; one to a folder above is followed here, once.
     BY_HANDLE_FILE_INFORMATION information{};
     if (!GetFileInformationByHandle(file.get(), &information) ||
         (information.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
-        SetLastError(ERROR_REPARSE_POINT_ENCOUNTERED);
-        held.failure_ = Failure::linkInPath;
-        return held;
+        return refused(path, Failure::linkInPath, ERROR_REPARSE_POINT_ENCOUNTERED);
     }
+    HeldFile held;
     held.path_ = finalPath(file.get());
     held.file_ = std::move(file);
     return held;

@@ -37,6 +37,8 @@ public:
     void release() { file_.reset(); }
 
 private:
+    static HeldFile refused(const std::wstring& path, Failure failure, DWORD error);
+
     std::wstring path_;
     UniqueFile file_;
     Failure failure_ = Failure::none;

@@ -13,6 +13,9 @@ import pefile
 
 from sources import REPO, report
 
+sys.path.insert(0, str(REPO / "tools" / "release"))
+from settings import product_names  # noqa: E402
+
 # DLLs that Windows pins (KnownDLLs of Windows 10 and 11): a planted file of that name is never loaded.
 PINNED = {"advapi32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "ole32.dll", "oleaut32.dll", "shell32.dll",
           "shlwapi.dll", "user32.dll", "ws2_32.dll"}
@@ -31,11 +34,6 @@ def resources(pe):
             data = entry.directory.entries[0].data.struct
             found[str(kind.name or kind.id), entry.id] = pe.get_data(data.OffsetToData, data.Size)
     return found
-
-
-def product_settings():
-    settings = (REPO / "cmake" / "product.cmake").read_text(encoding="utf-8")
-    return dict(re.findall(r'^set\((PRODUCT_\w+) "([^"]*)"', settings, re.MULTILINE))
 
 
 def check_image(pe):
@@ -139,7 +137,7 @@ def check_payloads(found, build):
 
 def main(build):
     build = Path(build)
-    settings = product_settings()
+    settings = product_names(REPO)
     problems = []
     for file, level in (("VelquinSetup.exe", "requireAdministrator"), ("Velquin.exe", "asInvoker")):
         pe = pefile.PE(str(build / "bin" / file))

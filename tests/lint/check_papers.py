@@ -6,6 +6,9 @@ import sys
 
 from sources import REPO, files, report, text
 
+sys.path.insert(0, str(REPO / "tools" / "release"))
+from settings import product_names  # noqa: E402
+
 OPTION = re.compile(r"--[a-z][a-z-]+")
 
 
@@ -53,7 +56,7 @@ def link_problems():
 
 
 def content_problems():
-    version = re.search(r'PRODUCT_VERSION "([^"]+)"', text("cmake/product.cmake")).group(1)
+    version = product_names(REPO)["PRODUCT_VERSION"]
     if f"## {version}" not in text("CHANGELOG.md"):
         yield f"CHANGELOG.md has no section for {version}"
     commands = re.findall(r"^  ([a-z]+)\b", text("dev").split("<<'TEXT'")[1].split("\nTEXT")[0], re.MULTILINE)

@@ -20,7 +20,13 @@ def floor_of(path):
 
 
 def is_windows_file(path):
-    return path.stem.endswith("_win32") or "win32" in path.parent.parts or path.name == "load_config.cpp"
+    return path.stem.endswith("_win32") or "win32" in path.parent.parts
+
+
+def windows_problems(path):
+    for name in INCLUDE.findall(text(path)):
+        if not is_windows_file(path) and (name.lower() in WINDOWS_HEADERS or "win32/" in name) and path.suffix == ".cpp":
+            yield f"{path}: portable code includes {name}"
 
 
 def problems_of(path):
@@ -30,8 +36,6 @@ def problems_of(path):
         other = floor_of(name)
         if other and (other[0] > height or (other[0] == height and other[1] != folder)):
             yield f"{path}: includes {name} of a floor that is not below"
-        if not is_windows_file(path) and (name.lower() in WINDOWS_HEADERS or "win32/" in name) and path.suffix == ".cpp":
-            yield f"{path}: portable code includes {name}"
         if name.lower() in WINDOWS_HEADERS and path.suffix == ".h" and "base/win32/" not in str(path):
             yield f"{path}: a header outside base/win32 includes {name}"
         if name in TOO_LARGE:
@@ -59,6 +63,7 @@ def main():
     if len(sources) < 20 or len(texts) < 40:
         return report(["hardly any files were found"], "structure")
     problems = [problem for path in sources for problem in problems_of(path)]
+    problems += [problem for path in [*sources, *files("bench/*.cpp", "fuzz/*.cpp")] for problem in windows_problems(path)]
     problems += [problem for path in texts for problem in text_problems(path)]
     return report(problems, f"structure of {len(sources)} sources and {len(texts)} texts")
 

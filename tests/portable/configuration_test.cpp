@@ -87,6 +87,7 @@ TEST(Configuration, MappingsAreNormalised) {
     // Once the last mapping has been taken away, the single volume must not come back.
     for (ProductConfig changed : {config, parsed(formatProductConfig(config))}) {
         changed.mappings.clear();
+        normalizeMappings(changed);
         const ProductConfig read = parsed(formatProductConfig(changed));
         EXPECT_EQ(read.mappings, std::vector<Mapping>());
         EXPECT_EQ(read.volumePath + read.driveLetter, L"");
@@ -131,6 +132,7 @@ TEST(Configuration, TheFileIsWrittenInItsOrder) {
     config.veraCryptPath = L"C:\\V\\VeraCrypt.exe";
     config.suspended = true;
     config.uiState = LR"({"window": {"normal_bounds": [1, 2]}, "other": "kept \u00e4s it is"})";
+    normalizeMappings(config);
     EXPECT_EQ(formatProductConfig(config),
               LR"({
   "VolumePath": "",
