@@ -6,28 +6,6 @@ namespace {
 
 using namespace velquin::setup;
 
-TEST(RegistryRows, Applications) {
-    const auto rows = applicationRows(kApplications[1], LR"(D:\a b)");
-    std::wstring printed;
-    for (const RegistryRow& row : rows) {
-        printed += L"\n" + row.key + L" [" + row.name + L"] " + std::get<std::wstring>(row.content);
-    }
-    EXPECT_EQ(printed,
-              LR"(
-Software\Microsoft\Windows\CurrentVersion\App Paths\VelquinSetup.exe [] D:\a b\VelquinSetup.exe
-Software\Microsoft\Windows\CurrentVersion\App Paths\VelquinSetup.exe [Path] D:\a b
-Software\Classes\Applications\VelquinSetup.exe [FriendlyAppName] Lumora Velquin Setup
-Software\Classes\Applications\VelquinSetup.exe [ApplicationCompany] Vantorik
-Software\Classes\Applications\VelquinSetup.exe [ApplicationDescription] Installer for Velquin
-Software\Classes\Applications\VelquinSetup.exe\ApplicationIcon [] D:\a b\VelquinSetup.exe,0
-Software\Classes\Applications\VelquinSetup.exe\shell\open\command [] "D:\a b\VelquinSetup.exe")");
-    // Deleting the keys takes every row along.
-    const auto keys = applicationKeys(kApplications[1]);
-    for (const RegistryRow& row : rows) {
-        EXPECT_TRUE(row.key.starts_with(keys.at(0)) || row.key.starts_with(keys.at(1)));
-    }
-}
-
 TEST(RegistryRows, SizesInKib) {
     constexpr uint32_t kMax32 = 0xFFFFFFFF;
     constexpr std::pair<uint64_t, uint32_t> kCases[] = {
