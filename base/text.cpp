@@ -1,7 +1,12 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <cstring>
 #include <cwctype>
+#include <iterator>
 
 namespace base {
 namespace {
@@ -36,6 +41,19 @@ void appendUtf8(std::string& out, char32_t c) {
     }
 }
 
+// Writes the units of a code point in the platform's wide encoding, at most two, and gives their number.
+size_t putCodePoint(wchar_t* out, char32_t codePoint) {
+    if constexpr (sizeof(wchar_t) == 2) {
+        if (codePoint >= 0x10000) {
+            out[0] = static_cast<wchar_t>(0xD800 + ((codePoint - 0x10000) >> 10));
+            out[1] = static_cast<wchar_t>(0xDC00 + ((codePoint - 0x10000) & 0x3FF));
+            return 2;
+        }
+    }
+    out[0] = static_cast<wchar_t>(codePoint);
+    return 1;
+}
+
 // The well-formed sequences of the Unicode standard, table 3-7: lead bytes and the range of the byte that follows them.
 struct LeadRange {
     unsigned char first, last;
@@ -47,21 +65,32 @@ constexpr LeadRange kLeadRanges[] = {
     {0xEE, 0xEF, 2, 0x80, 0xBF}, {0xF0, 0xF0, 3, 0x90, 0xBF}, {0xF1, 0xF3, 3, 0x80, 0xBF}, {0xF4, 0xF4, 3, 0x80, 0x8F},
 };
 
+// The row of kLeadRanges for each byte; behind the last one for a byte that begins no sequence.
+constexpr auto kRowOfLead = [] {
+    std::array<unsigned char, 256> rows{};
+    for (size_t byte = 0; byte < rows.size(); ++byte) {
+        const auto* row = std::ranges::find_if(
+            kLeadRanges, [byte](const LeadRange& range) { return byte >= range.first && byte <= range.last; });
+        rows[byte] = static_cast<unsigned char>(row - kLeadRanges);
+    }
+    return rows;
+}();
+
 // Decodes one code point at `index`, which it moves behind what it read. Nothing for an ill-formed part.
 std::optional<char32_t> decodeUtf8(std::string_view text, size_t& index) {
     const auto lead = static_cast<unsigned char>(text[index++]);
     if (lead < 0x80) {
         return lead;
     }
-    const auto* range =
-        std::ranges::find_if(kLeadRanges, [lead](const LeadRange& r) { return lead >= r.first && lead <= r.last; });
-    if (range == std::end(kLeadRanges)) {
+    const size_t row = kRowOfLead[lead];
+    if (row == std::size(kLeadRanges)) {
         return std::nullopt;
     }
-    char32_t value = lead & (0x3Fu >> range->trailing);
-    for (int i = 0; i < range->trailing; ++i) {
-        const unsigned char low = i == 0 ? range->secondFirst : 0x80;
-        const unsigned char high = i == 0 ? range->secondLast : 0xBF;
+    const LeadRange& range = kLeadRanges[row];
+    char32_t value = lead & (0x3Fu >> range.trailing);
+    for (int i = 0; i < range.trailing; ++i) {
+        const unsigned char low = i == 0 ? range.secondFirst : 0x80;
+        const unsigned char high = i == 0 ? range.secondLast : 0xBF;
         if (index >= text.size()) {
             return std::nullopt;
         }
@@ -73,6 +102,44 @@ std::optional<char32_t> decodeUtf8(std::string_view text, size_t& index) {
         ++index;
     }
     return value;
+}
+
+// Copies the characters of ASCII from `index` on, by eights, and gives the index behind them. `out` has room for as
+// many units as there are bytes left.
+size_t widenAscii(std::string_view text, size_t index, wchar_t*& out) {
+    constexpr size_t kStep = 8;
+    static_assert(std::endian::native == std::endian::little, "the first byte is the lowest");
+    for (size_t plain = kStep; plain == kStep && text.size() - index >= kStep; index += plain, out += plain) {
+        std::uint64_t bytes;
+        std::memcpy(&bytes, text.data() + index, kStep);
+        for (size_t i = 0; i < kStep; ++i) {
+            out[i] = static_cast<wchar_t>(text[index + i] & 0x7F);
+        }
+        plain = static_cast<size_t>(std::countr_zero(bytes & 0x8080808080808080u)) / 8;
+    }
+    for (; index < text.size() && static_cast<unsigned char>(text[index]) < 0x80; ++index) {
+        *out++ = static_cast<wchar_t>(text[index]);
+    }
+    return index;
+}
+
+// Decodes UTF-8 with U+FFFD for each ill-formed part, and counts these.
+std::wstring decodeAll(std::string_view utf8, size_t& illFormed) {
+    std::wstring text;
+    // No code point has more units than bytes.
+    text.resize_and_overwrite(utf8.size(), [&](wchar_t* buffer, size_t) {
+        wchar_t* out = buffer;
+        for (size_t i = 0; i < utf8.size();) {
+            i = widenAscii(utf8, i, out);
+            if (i < utf8.size()) {
+                const auto codePoint = decodeUtf8(utf8, i);
+                illFormed += codePoint ? 0 : 1;
+                out += putCodePoint(out, codePoint.value_or(kReplacement));
+            }
+        }
+        return static_cast<size_t>(out - buffer);
+    });
+    return text;
 }
 
 DecodedText decodeUtf16(std::string_view bytes, bool bigEndian) {
@@ -115,36 +182,19 @@ std::string toUtf8(std::wstring_view text) {
 }
 
 void appendCodePoint(std::wstring& out, char32_t codePoint) {
-    if constexpr (sizeof(wchar_t) == 2) {
-        if (codePoint >= 0x10000) {
-            out.push_back(static_cast<wchar_t>(0xD800 + ((codePoint - 0x10000) >> 10)));
-            out.push_back(static_cast<wchar_t>(0xDC00 + ((codePoint - 0x10000) & 0x3FF)));
-            return;
-        }
-    }
-    out.push_back(static_cast<wchar_t>(codePoint));
+    wchar_t units[2];
+    out.append(units, putCodePoint(units, codePoint));
 }
 
 std::wstring toWide(std::string_view utf8) {
-    std::wstring out;
-    out.reserve(utf8.size());
-    for (size_t i = 0; i < utf8.size();) {
-        appendCodePoint(out, decodeUtf8(utf8, i).value_or(kReplacement));
-    }
-    return out;
+    size_t illFormed = 0;
+    return decodeAll(utf8, illFormed);
 }
 
 std::optional<std::wstring> toWideStrict(std::string_view utf8) {
-    std::wstring out;
-    out.reserve(utf8.size());
-    for (size_t i = 0; i < utf8.size();) {
-        const auto codePoint = decodeUtf8(utf8, i);
-        if (!codePoint) {
-            return std::nullopt;
-        }
-        appendCodePoint(out, *codePoint);
-    }
-    return out;
+    size_t illFormed = 0;
+    std::wstring text = decodeAll(utf8, illFormed);
+    return illFormed == 0 ? std::optional(std::move(text)) : std::nullopt;
 }
 
 DecodedText decodeTextFile(std::string_view bytes) {
@@ -155,12 +205,16 @@ DecodedText decodeTextFile(std::string_view bytes) {
         return decodeUtf16(bytes.substr(2), true);
     }
     const std::string_view utf8 = bytes.starts_with("\xEF\xBB\xBF") ? bytes.substr(3) : bytes;
-    auto text = toWideStrict(utf8);
-    return text ? DecodedText{std::move(*text), true} : DecodedText{toWide(utf8), false};
+    size_t illFormed = 0;
+    std::wstring text = decodeAll(utf8, illFormed);
+    return {.text = std::move(text), .isWellFormed = illFormed == 0};
 }
 
 std::wstring_view trimmed(std::wstring_view text) {
-    const auto isSpace = [](wchar_t c) { return std::iswspace(static_cast<wint_t>(c)) != 0; };
+    // The printable characters of ASCII are known without a question to the C library.
+    const auto isSpace = [](wchar_t c) {
+        return (c <= L' ' || c > L'~') && std::iswspace(static_cast<wint_t>(c)) != 0;
+    };
     while (!text.empty() && isSpace(text.front())) {
         text.remove_prefix(1);
     }
