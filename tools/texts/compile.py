@@ -1,0 +1,106 @@
+#!/usr/bin/env python3
+"""compile.py LOCALIZATION OUT: writes the texts and their translations as C++, OUT/catalog_data.cpp and OUT/text_ids.h, as
+localization/catalog_data.h declares them, and names the texts of the setup that are not translated into all languages."""
+import itertools
+import struct
+import subprocess
+import sys
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parent))
+from catalog import BadTexts, Catalog  # noqa: E402
+
+
+class Pool:
+    """Every wording once, as UTF-8 with a zero byte behind it."""
+
+    def __init__(self):
+        self.bytes = bytearray()
+        self.places = {}
+
+    def place(self, wording):
+        if wording not in self.places:
+            self.places[wording] = len(self.bytes)
+            self.bytes += wording.encode("utf-8") + b"\0"
+        return self.places[wording]
+
+
+def literal(wording):
+    """The wording as a string literal of C++, one that ends with a zero byte of its own."""
+    escaped = wording.replace("\\", r"\\").replace('"', r"\"").replace("\n", r"\n")
+    return f'"{escaped}\\0"'
+
+
+def tables(catalog):
+    """The four tables: the pool; built-in rows (English, Czech, row); cells by column; rows by English wording."""
+    pool = Pool()
+    first = {}
+    for text in catalog.texts:
+        first.setdefault(text.en, text.id)
+    built_in = [(pool.place(text.en), pool.place(text.cs), first[text.en]) for text in catalog.texts]
+    cells = [[pool.place(catalog.cell(column, text)) for text in catalog.texts] for column in catalog.columns]
+    by_english = sorted(first.values(), key=lambda row: catalog.texts[row].en.lower())
+    return pool, built_in, cells, by_english
+
+
+def images(catalog):
+    """The tables as the bytes that they are in the program, by their names."""
+    pool, built_in, cells, by_english = tables(catalog)
+    return {"kPool": bytes(pool.bytes), "kBuiltIn": pack("I", itertools.chain(*built_in)),
+            "kCells": pack("I", itertools.chain(*cells)), "kByEnglish": pack("H", by_english)}
+
+
+def pack(kind, numbers):
+    numbers = list(numbers)
+    return struct.pack(f"<{len(numbers)}{kind}", *numbers)
+
+
+def data_source(catalog):
+    pool, built_in, cells, by_english = tables(catalog)
+    lines = ["// Written by tools/texts/compile.py.", '#include "localization/catalog_data.h"', "",
+             "namespace velquin::catalog_data {", "", "const char kPool[] ="]
+    lines += [f"    {literal(wording)}" for wording in pool.places]
+    lines += ["    ;", "const BuiltInText kBuiltIn[kTextCount] = {"]
+    lines += [f"    {{{english}, {czech}, {row}}}," for english, czech, row in built_in]
+    lines += ["};", "const std::uint32_t kCells[][kTextCount] = {"]
+    lines += [f"    {{{', '.join(map(str, column))}}}," for column in cells]
+    lines += ["};", f"const std::uint16_t kByEnglish[] = {{{', '.join(map(str, by_english))}}};",
+              f"const std::size_t kWordingCount = {len(by_english)};", "", "}  // namespace velquin::catalog_data", ""]
+    return "\n".join(lines)
+
+
+def names_source(catalog):
+    lines = ["// The names of the texts. Written by tools/texts/compile.py.", "#pragma once", "", "namespace velquin {", "",
+             f"inline constexpr int kTextCount = {len(catalog.texts)};", "", "namespace text {", ""]
+    for text in catalog.texts:
+        lines.append(f"inline constexpr int k{text.name.title().replace('_', '')} = {text.id};")
+    return "\n".join([*lines, "", "}  // namespace text", "}  // namespace velquin", ""])
+
+
+def check_syntax(path):
+    """polib reads over much of what is wrong in a file; gettext's own compiler does not."""
+    run = subprocess.run(["msgfmt", "--check", "--output-file=/dev/null", path.name], cwd=path.parent, capture_output=True,
+                         text=True)
+    if run.returncode:
+        raise BadTexts(run.stderr.strip())
+
+
+def main(localization, out):
+    try:
+        catalog = Catalog(Path(localization))
+        for column in catalog.columns:
+            check_syntax(catalog.po_path(column))
+    except BadTexts as error:
+        sys.exit(str(error))
+    out = Path(out)
+    out.mkdir(parents=True, exist_ok=True)
+    (out / "catalog_data.cpp").write_text(data_source(catalog), encoding="utf-8")
+    (out / "text_ids.h").write_text(names_source(catalog), encoding="utf-8")
+    for text in filter(lambda candidate: candidate.is_setup, catalog.texts):
+        missing = [column.code for column in catalog.columns if not catalog.translation(column, text)]
+        if missing:
+            print(f"texts: {text.id} '{text.en}' has no translation yet in {', '.join(missing)}")
+
+
+if __name__ == "__main__":
+    main(*sys.argv[1:])
