@@ -45,7 +45,7 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int) {
     if (line.mount) {
         velquin::writeLogBeside(config, L"app cannot mount yet: the mount engine is not part of this build");
     }
-    const bool ran = velquin::app::runTray(instance);
+    const bool ran = velquin::app::runTray(instance, config);
     velquin::writeLogBeside(config, ran ? L"app ended" : L"app failed: no window");
     return ran ? 0 : 1;
 }

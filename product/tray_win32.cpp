@@ -3,8 +3,11 @@
 #include <shellapi.h>
 
 #include <iterator>
+#include <string>
 
+#include "core/configuration.h"
 #include "core/product.h"
+#include "localization/catalog.h"
 #include "product/tray.h"
 
 namespace velquin::app {
@@ -45,8 +48,9 @@ void hideIcon(HWND window) {
 }
 
 void showMenu(HWND window) {
+    const auto& configFile = *reinterpret_cast<const std::wstring*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     const HMENU menu = CreatePopupMenu();
-    AppendMenuW(menu, MF_STRING, kExitCommand, L"Exit");
+    AppendMenuW(menu, MF_STRING, kExitCommand, localizedText(loadProductConfig(configFile), text::kExitApp).c_str());
     POINT position{};
     GetCursorPos(&position);
     // Without the focus a menu of the notification area would not close when the user clicks elsewhere.
@@ -88,7 +92,7 @@ LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
 
 }  // namespace
 
-bool runTray(HINSTANCE instance) {
+bool runTray(HINSTANCE instance, const std::wstring& config) {
     WNDCLASSEXW windowClass{};
     windowClass.cbSize = sizeof(windowClass);
     windowClass.lpfnWndProc = windowProcedure;
@@ -102,6 +106,7 @@ bool runTray(HINSTANCE instance) {
     if (window == nullptr) {
         return false;
     }
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&config));
     MSG message{};
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
         TranslateMessage(&message);

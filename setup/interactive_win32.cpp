@@ -2,8 +2,9 @@
 
 #include <string>
 
+#include "core/configuration.h"
 #include "core/log.h"
-#include "core/product.h"
+#include "localization/catalog.h"
 #include "setup/exit_codes.h"
 #include "setup/interactive.h"
 
@@ -24,7 +25,8 @@ constexpr wchar_t kMessage[] =
 
 int runInteractiveSetup(HINSTANCE) {
     writeSetupLog(L"interactive setup: the dialog is not part of this build");
-    MessageBoxW(nullptr, kMessage, kSetupName, MB_OK | MB_ICONINFORMATION | MB_SETFOREGROUND);
+    const std::wstring title = localizedText(loadProductConfig(), text::kSetupTitle);
+    MessageBoxW(nullptr, kMessage, title.c_str(), MB_OK | MB_ICONINFORMATION | MB_SETFOREGROUND);
     return kExitInstallFailed;
 }
 
