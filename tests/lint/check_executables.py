@@ -3,6 +3,7 @@
 
 usage: check_executables.py BUILD
 """
+import bisect
 import re
 import struct
 import sys
@@ -13,7 +14,9 @@ import pefile
 
 from sources import REPO, report
 
-sys.path.insert(0, str(REPO / "tools" / "release"))
+sys.path[:0] = [str(REPO / "tools" / "release"), str(REPO / "tools" / "texts")]
+from catalog import Catalog  # noqa: E402
+from compile import images  # noqa: E402
 from settings import product_names  # noqa: E402
 
 # DLLs that Windows pins (KnownDLLs of Windows 10 and 11): a planted file of that name is never loaded.
@@ -135,6 +138,18 @@ def check_payloads(found, build):
             yield f"payload {id_} is not the present {file}"
 
 
+def check_texts(pe):
+    """The compiled texts are in the program once, as they are in their files, and nothing in them is relocated."""
+    relocated = sorted(entry.rva for block in pe.DIRECTORY_ENTRY_BASERELOC for entry in block.entries if entry.type)
+    memory = pe.get_memory_mapped_image()
+    for name, image in images(Catalog()).items():
+        places = [match.start() for match in re.finditer(re.escape(image), memory)]
+        if len(places) != 1:
+            yield f"the present {name} is in it {len(places)} times"
+        elif bisect.bisect_left(relocated, places[0]) != bisect.bisect_left(relocated, places[0] + len(image)):
+            yield f"{name} has relocations"
+
+
 def main(build):
     build = Path(build)
     settings = product_names(REPO)
@@ -144,7 +159,7 @@ def main(build):
         found = resources(pe)
         is_setup = file == "VelquinSetup.exe"
         checks = [check_image(pe), check_manifest(found["24", 1], level, is_setup),
-                  check_version(pe, settings, file), check_icons(found)]
+                  check_version(pe, settings, file), check_icons(found), check_texts(pe)]
         if is_setup:
             checks += [check_load_config(pe), check_payloads(found, build)]
         problems += [f"{file}: {problem}" for check in checks for problem in check]

@@ -1,0 +1,194 @@
+"""What holds for every cell of the translations: a table over the 81 columns."""
+import re
+import subprocess
+import sys
+import tomllib
+import unicodedata
+from pathlib import Path
+
+import pytest
+from alphabets import WRITINGS
+
+REPO = Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(REPO / "tools" / "texts"))
+from catalog import CAPTIONS, Catalog  # noqa: E402
+from coverage import width  # noqa: E402
+
+CATALOG = Catalog()
+COLUMNS = {column.code: column for column in CATALOG.columns}
+# What stands in a cell as it is, whatever the language: names, formats, keys, paths.
+NAMES = [r"C:\Program Files\Lumora Velquin", "Program Files", "Lumora Velquin", "Velquin", "VeraCrypt.exe", "VeraCrypt",
+         "Windows", "VOXA", "DPAPI", "SHA-256", "JSON", "setup_url", "{path}", "{drive}"]
+# Names that a translation may leave out or write in its own way.
+LOOSE_NAMES = {"JSON", "Program Files"}
+WORDS = ["skins", "F1", "V"]  # a folder, a key, a drive letter
+EXCEPTIONS = tomllib.loads((REPO / "localization" / "exceptions.toml").read_text(encoding="utf-8"))
+# The captions that may be no wider, in columns, than so many times the English.
+WIDEST = 2.2
+
+
+def cells(code):
+    """(text, translation) of whatever is translated in the column."""
+    found = [(text, CATALOG.translation(COLUMNS[code], text)) for text in CATALOG.texts]
+    return [(text, cell) for text, cell in found if cell]
+
+
+def without_names(cell):
+    """The cell without names, whose endings in some languages stay, and without whole words of other alphabets."""
+    cell = re.sub("|".join(rf"\b{re.escape(name)}" for name in NAMES), " ", cell)
+    return re.sub("|".join(rf"\b{word}\b" for word in WORDS), " ", cell)
+
+
+def report(problems):
+    assert not problems, "\n" + "\n".join(problems)
+
+
+def check(code, rule):
+    """Asserts that `rule`, which gives what is wrong with a cell, finds nothing in the column."""
+    report([f"{code}.po: text {text.id}: {problem}: {cell!r}" for text, cell in cells(code) for problem in rule(text, cell)])
+
+
+def shape_problems(text, cell):
+    if cell.replace(cell.strip(), "|", 1) != text.en.replace(text.en.strip(), "|", 1):
+        yield "its blanks at the ends are not those of the English"
+    if cell.count("\n") != text.en.count("\n"):
+        yield "its line feeds are not those of the English"
+    if "  " in cell:
+        yield "two blanks in a row"
+    if any(unicodedata.category(c) in ("Cc", "Co", "Cn", "Cs", "Zl", "Zp") for c in cell.replace("\n", "")):
+        yield "a control character or one that is none"
+    if cell != unicodedata.normalize("NFC", cell):
+        yield "not in NFC"
+    for name in NAMES:
+        if name in text.en and name not in LOOSE_NAMES and name not in cell:
+            yield f"lacks {name}"
+    if sorted(re.findall(r"\{[^}]*\}", cell)) != sorted(re.findall(r"\{[^}]*\}", text.en)):
+        yield "its placeholders are not those of the English"
+
+
+def ending(wording, stop):
+    """The kind of closing punctuation."""
+    wording = wording.rstrip()
+    kinds = {"...": "dots", "…": "dots", ":": "colon", "：": "colon", "}": "placeholder"}
+    for mark, kind in kinds.items():
+        if wording.endswith(mark):
+            return kind
+    if stop and wording.endswith(stop):
+        return "stop"
+    return "another stop" if wording.endswith(tuple(".。।۔։።។!?？！;،,")) else "none"
+
+
+@pytest.mark.parametrize("code", COLUMNS)
+def test_cells_have_the_shape_of_the_english(code):
+    stop = WRITINGS[code].stop
+
+    def rule(text, cell):
+        yield from shape_problems(text, cell)
+        wanted = ending(text.en, ".")
+        wanted = "none" if wanted == "stop" and not stop else wanted
+        if ending(cell, stop) != wanted:
+            yield f"ends with {ending(cell, stop)} rather than {wanted}"
+
+    check(code, rule)
+
+
+@pytest.mark.parametrize("code", COLUMNS)
+def test_cells_are_written_with_the_letters_of_the_language(code):
+    writing = WRITINGS[code]
+
+    def rule(_, cell):
+        rest = without_names(cell)
+        for c in sorted(set(rest)):
+            name = unicodedata.name(c, "")
+            if unicodedata.category(c)[0] in "LM":
+                if not name.startswith(writing.scripts):
+                    yield f"{c} ({name}) is of another script"
+                elif c in writing.absent or (writing.letters and c.lower() not in writing.letters and c != "İ"):
+                    yield f"{c} ({name}) is no letter of the language"
+            elif unicodedata.category(c) == "Cf" and c not in writing.marks + "\u200c\u200d":
+                yield f"{name} is invisible"
+        if writing.encoding:
+            odd = [c for c in rest if not encodes(c, writing.encoding)]
+            if odd:
+                yield f"{''.join(odd)} is not written so in this form of the language"
+
+    check(code, rule)
+
+
+def encodes(c, encoding):
+    try:
+        return bool(c.encode(encoding))
+    except UnicodeEncodeError:
+        return False
+
+
+def exception_problems(kind, found):
+    """What needs a reason and has none, and reasons that nothing needs. `found` holds (column, id)."""
+    listed = {(column, number) for entry in EXCEPTIONS[kind] for column in entry["columns"] for number in entry["ids"]}
+    yield from (f"{code}.po: text {number} needs a reason in localization/exceptions.toml, '{kind}': "
+                f"{CATALOG.translation(COLUMNS[code], CATALOG.texts[number])}" for code, number in sorted(found - listed))
+    yield from (f"localization/exceptions.toml, '{kind}': {code} {number} is no longer needed"
+                for code, number in sorted(listed - found) if code != "*")
+
+
+def test_cells_equal_to_the_english_have_a_reason():
+    names = {number for entry in EXCEPTIONS["equal"] if entry["columns"] == ["*"] for number in entry["ids"]}
+    report(list(exception_problems("equal", {
+        (code, text.id) for code in COLUMNS if code != "en"
+        for text, cell in cells(code) if cell == text.en and text.id not in names})))
+
+
+def test_wide_captions_have_a_reason():
+    report(list(exception_problems("wide", {
+        (code, text.id) for code in COLUMNS for text, cell in cells(code)
+        if text.kind in CAPTIONS and width(cell) > WIDEST * width(text.en)})))
+
+
+def test_the_texts_of_the_setup_are_complete():
+    report([f"{code}.po: text {text.id} is not translated: {text.en}" for code, column in COLUMNS.items()
+            for text in CATALOG.texts if text.is_setup and not CATALOG.translation(column, text)])
+
+
+def test_no_two_columns_are_the_same():
+    seen = {}
+    for code in COLUMNS:
+        seen.setdefault(tuple(cell for text, cell in cells(code) if text.is_setup), []).append(code)
+    report([f"the same texts throughout: {', '.join(codes)}" for codes in seen.values() if len(codes) > 1])
+
+
+def test_the_czech_texts_are_those_that_are_built_in():
+    report([f"cs.po has {cell!r} for text {text.id}, the table of texts {text.cs!r}" for text, cell in cells("cs")
+            if cell != text.cs])
+    assert len(cells("cs")) == len(CATALOG.texts)
+
+
+def test_the_table_is_whole():
+    assert len(CATALOG.texts) == 200 and len(COLUMNS) == 81 and set(WRITINGS) == set(COLUMNS)
+    assert sum(text.kind == "help" for text in CATALOG.texts) == 58
+
+
+def test_files_say_what_they_are():
+    problems = []
+    glossaries = {}
+    for code, file in CATALOG.files.items():
+        if "native speaker" not in file.header and file.metadata["X-Reviewed-By"] == "nobody yet":
+            problems.append(f"{code}.po does not say that nobody has reviewed it")
+        glossaries[code] = re.findall(r"^  (.+?) = (\S.*)$", file.header.partition("Glossary:")[2], re.M)
+        if file.metadata["Language"] != COLUMNS[code].gettext_name:
+            problems.append(f"{code}.po says that it is in {file.metadata['Language']}")
+    terms = [term for term, _ in glossaries["en"]]
+    problems += [f"{code}.po: the glossary lacks or reorders a term" for code, glossary in glossaries.items()
+                 if [term for term, _ in glossary] != terms]
+    report(problems)
+    assert len(terms) >= 20
+
+
+@pytest.mark.parametrize("path", sorted(CATALOG.folder.glob("po/*.po*")), ids=lambda path: path.name)
+def test_gettext_accepts_the_files(path):
+    run = subprocess.run(["msgfmt", "--check", "--output-file=/dev/null", str(path)], capture_output=True, text=True)
+    assert (run.returncode, run.stderr) == (0, "")
+
+
+def test_what_follows_from_the_table_is_up_to_date():
+    run = subprocess.run([sys.executable, str(REPO / "tools/texts/update.py"), "--check"], capture_output=True, text=True)
+    assert run.returncode == 0, run.stdout + run.stderr
