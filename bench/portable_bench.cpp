@@ -2,13 +2,20 @@
 // ratios. A name is "group/ours" or "group/peer".
 #include <benchmark/benchmark.h>
 
+#include <libintl.h>
+
 #include <algorithm>
+#include <clocale>
+#include <cstdlib>
+#include <cstring>
 #include <string>
+#include <vector>
 
 #include "base/argument_quoting.h"
 #include "base/json_text.h"
 #include "base/text.h"
 #include "core/configuration.h"
+#include "localization/catalog.h"
 #include "update/manifest.h"
 
 namespace {
@@ -140,6 +147,50 @@ void configurationPeer(benchmark::State& state) {
     copyByCharacter(state, configurationText());
 }
 BENCHMARK(configurationPeer)->Name("configuration/peer");
+
+// The texts of the setup in German, against gettext on the same texts. gettext gives a pointer to what it has loaded,
+// ours a text of its own in the encoding of Windows.
+std::vector<int> setupTexts() {
+    std::vector<int> ids;
+    for (int id = velquin::text::kClose; id <= velquin::text::kInstallFolderInvalid; ++id) {
+        ids.push_back(id);
+    }
+    return ids;
+}
+
+void lookupOurs(benchmark::State& state) {
+    const std::vector<int> ids = setupTexts();
+    velquin::ProductConfig config;
+    config.language = L"de-DE";
+    for (auto _ : state) {
+        for (const int id : ids) {
+            benchmark::DoNotOptimize(velquin::localizedText(config, id, L""));
+        }
+    }
+}
+BENCHMARK(lookupOurs)->Name("text_lookup/ours");
+
+void lookupPeer(benchmark::State& state) {
+    setenv("LOCPATH", VELQUIN_BENCH_LOCALES, 1);
+    setlocale(LC_ALL, "de_DE.UTF-8");
+    bindtextdomain("velquin", VELQUIN_BENCH_LOCALES);
+    textdomain("velquin");
+    velquin::ProductConfig english;
+    english.language = L"en-US";
+    std::vector<std::string> keys;
+    for (const int id : setupTexts()) {
+        keys.push_back(base::toUtf8(velquin::localizedText(english, id, L"")));
+    }
+    if (std::strcmp(gettext(keys.front().c_str()), keys.front().c_str()) == 0) {
+        state.SkipWithError("gettext found no German");
+    }
+    for (auto _ : state) {
+        for (const std::string& key : keys) {
+            benchmark::DoNotOptimize(gettext(key.c_str()));
+        }
+    }
+}
+BENCHMARK(lookupPeer)->Name("text_lookup/peer");
 
 }  // namespace
 
