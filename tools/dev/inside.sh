@@ -19,6 +19,8 @@ build() { # PRESET [TARGET...]
     grep -m 40 -E 'error|FAILED|undefined|warning' "$repo/build/$preset.build.log" >&2 || true
     die "the build failed; see build/$preset.build.log"
   }
+  # Who has to translate what, when the texts were compiled.
+  grep '^texts: ' "$repo/build/$preset.build.log" >&2 || true
 }
 
 publish() { # puts the products into out/

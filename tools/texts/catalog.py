@@ -9,9 +9,10 @@ from pathlib import Path
 import polib
 
 REPO = Path(__file__).resolve().parents[2]
-# What a text is on the screen. Captions have to fit beside or into something; helps are paragraphs.
+# What a text is on the screen. Captions have to fit beside or into something; helps are paragraphs; names are the same in
+# all languages.
 CAPTIONS = ("button", "check box", "title")
-KINDS = (*CAPTIONS, "menu item", "label", "status", "message", "help")
+KINDS = (*CAPTIONS, "menu item", "label", "status", "message", "help", "name")
 # The texts that the setup itself shows: complete in every language.
 SETUP_IDS = frozenset([1, 58, *range(62, 88), 120, 121])
 NAME = re.compile(r"[a-z][a-z0-9]*(_[a-z0-9]+)*")

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """compile.py LOCALIZATION OUT: writes the texts and their translations as C++, OUT/catalog_data.cpp and OUT/text_ids.h, as
-localization/catalog_data.h declares them, and names the texts of the setup that are not translated into all languages."""
+localization/catalog_data.h declares them, and names the texts that are not translated into all languages."""
 import itertools
 import struct
 import subprocess
@@ -77,6 +77,30 @@ def names_source(catalog):
     return "\n".join([*lines, "", "}  // namespace text", "}  // namespace velquin", ""])
 
 
+def print_untranslated(catalog):
+    """Names the texts that lack a translation, those that lack it in the same languages in one line."""
+    lacking = {}
+    for text in catalog.texts:
+        codes = tuple(column.code for column in catalog.columns if not catalog.translation(column, text))
+        if codes:
+            lacking.setdefault((text.is_setup, codes), []).append(text.id)
+    for (is_setup, codes), ids in lacking.items():
+        others = [column.code for column in catalog.columns if column.code not in codes]
+        names = f"all but {', '.join(others)}" if len(others) < len(codes) else ", ".join(codes)
+        print(f"texts: {'of the setup: ' if is_setup else ''}{ranges(ids)} not translated yet in {names}")
+
+
+def ranges(ids):
+    """1, 2, 3, 7 as "1-3, 7"."""
+    runs = []
+    for number in ids:
+        if runs and runs[-1][1] == number - 1:
+            runs[-1][1] = number
+        else:
+            runs.append([number, number])
+    return ", ".join(f"{first}-{last}" if last > first else str(first) for first, last in runs)
+
+
 def check_syntax(path):
     """polib reads over much of what is wrong in a file; gettext's own compiler does not."""
     run = subprocess.run(["msgfmt", "--check", "--output-file=/dev/null", path.name], cwd=path.parent, capture_output=True,
@@ -96,10 +120,7 @@ def main(localization, out):
     out.mkdir(parents=True, exist_ok=True)
     (out / "catalog_data.cpp").write_text(data_source(catalog), encoding="utf-8")
     (out / "text_ids.h").write_text(names_source(catalog), encoding="utf-8")
-    for text in filter(lambda candidate: candidate.is_setup, catalog.texts):
-        missing = [column.code for column in catalog.columns if not catalog.translation(column, text)]
-        if missing:
-            print(f"texts: {text.id} '{text.en}' has no translation yet in {', '.join(missing)}")
+    print_untranslated(catalog)
 
 
 if __name__ == "__main__":

@@ -51,12 +51,12 @@ def widest_captions(catalog):
 def caption_table(catalog):
     return table(["id", "English", "its width", "the widest, with their widths"],
                  [[text.id, text.en, width(text.en), ", ".join(f"{columns} `{code}` {wording}" for columns, code, wording in found)]
-                  for text, found in widest_captions(catalog) if text.is_setup])
+                  for text, found in widest_captions(catalog)])
 
 
 def insert_tables(paper, catalog):
     """The paper with both tables between its marks."""
-    written = f"{BEGIN}\n{coverage_table(catalog)}\n\n### The widest captions of the setup\n\n{caption_table(catalog)}\n{END}"
+    written = f"{BEGIN}\n{coverage_table(catalog)}\n\n### The widest captions\n\n{caption_table(catalog)}\n{END}"
     return re.sub(f"{re.escape(BEGIN)}.*{re.escape(END)}", lambda _: written, paper, flags=re.S)
 
 

@@ -69,11 +69,12 @@ def updated(column, path, pot, built_in):
 def outdated(catalog, write):
     """Names what is not up to date, and writes it when asked to."""
     pot = template(catalog)
+    names = {text.en: text.en for text in catalog.texts if text.kind == "name"}
     built_in = {"en": {text.en: text.en for text in catalog.texts}, "cs": {text.en: text.cs for text in catalog.texts}}
     wanted = {catalog.folder / "po" / "velquin.pot": pot}
     for column in catalog.columns:
         path = catalog.po_path(column)
-        wanted[path] = updated(column, path, pot, built_in.get(column.code, {}))
+        wanted[path] = updated(column, path, pot, built_in.get(column.code, names))
     for path, content in wanted.items():
         text = str(content) + "\n"
         if not path.exists() or path.read_text(encoding="utf-8") != text:
