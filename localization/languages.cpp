@@ -159,7 +159,7 @@ int findSupportedLanguage(std::wstring_view tag) {
 
 int languageOfSetting(std::wstring_view value) {
     const Key key = keyOf(base::trimmed(value));
-    return key == keyOf("auto") ? -1 : languageOfKey(key);
+    return key == keyOf(std::wstring_view(kAutomaticLanguage)) ? -1 : languageOfKey(key);
 }
 
 int languageOfLocale(std::wstring_view localeName) {

@@ -43,9 +43,9 @@ def widest_captions(catalog):
     """For each caption the English wording and the three widest translations, widest first, as (width, code, wording)."""
     for text in catalog.texts:
         if text.kind in CAPTIONS:
-            found = sorted(((width(catalog.cell(column, text)), column.code, catalog.cell(column, text))
-                            for column in catalog.columns), key=lambda cell: (-cell[0], cell[1]))
-            yield text, found[:3]
+            found = [(width(catalog.translation(column, text)), column.code, catalog.translation(column, text))
+                     for column in catalog.columns if column.code != "en" and catalog.translation(column, text)]
+            yield text, sorted(found, key=lambda cell: (-cell[0], cell[1]))[:3]
 
 
 def caption_table(catalog):
