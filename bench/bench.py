@@ -155,8 +155,15 @@ def bench_texts():
 
 def bench_portable():
     run = subprocess.run([str(REPO / "build/native-release/bin/portable_bench"), "--benchmark_format=json",
-                          "--benchmark_min_time=0.2s"], capture_output=True, text=True, check=True)
-    times = {entry["name"]: entry["cpu_time"] for entry in json.loads(run.stdout)["benchmarks"]}
+                          "--benchmark_min_time=0.05s", "--benchmark_repetitions=7",
+                          "--benchmark_enable_random_interleaving=true"], capture_output=True, text=True, check=True)
+    times = {}
+    for entry in json.loads(run.stdout)["benchmarks"]:
+        if entry.get("error_occurred"):
+            sys.exit(f"{entry['name']}: {entry['error_message']}")
+        # The quickest of some runs in turn: what else the machine does can only slow them down.
+        if entry["run_type"] == "iteration":
+            times[entry["name"]] = min(entry["cpu_time"], times.get(entry["name"], entry["cpu_time"]))
     for group, limit in PORTABLE_RATIOS.items():
         line(f"{group} to its plainest peer", times[f"{group}/ours"] / times[f"{group}/peer"], limit)
 
