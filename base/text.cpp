@@ -65,7 +65,7 @@ constexpr LeadRange kLeadRanges[] = {
     {0xEE, 0xEF, 2, 0x80, 0xBF}, {0xF0, 0xF0, 3, 0x90, 0xBF}, {0xF1, 0xF3, 3, 0x80, 0xBF}, {0xF4, 0xF4, 3, 0x80, 0x8F},
 };
 
-// The row of kLeadRanges for each byte; behind the last one for a byte that begins no sequence.
+// The row of kLeadRanges for each byte; behind the last one for a byte that begins no sequence of several.
 constexpr auto kRowOfLead = [] {
     std::array<unsigned char, 256> rows{};
     for (size_t byte = 0; byte < rows.size(); ++byte) {
@@ -76,12 +76,10 @@ constexpr auto kRowOfLead = [] {
     return rows;
 }();
 
-// Decodes one code point at `index`, which it moves behind what it read. Nothing for an ill-formed part.
+// Decodes the code point at `index`, which is none of ASCII, and moves it behind what it read. Nothing for an
+// ill-formed part.
 std::optional<char32_t> decodeUtf8(std::string_view text, size_t& index) {
     const auto lead = static_cast<unsigned char>(text[index++]);
-    if (lead < 0x80) {
-        return lead;
-    }
     const size_t row = kRowOfLead[lead];
     if (row == std::size(kLeadRanges)) {
         return std::nullopt;

@@ -35,11 +35,18 @@ int compare(const char* wording, std::wstring_view text) {
     return *wording == '\0' ? 0 : 1;
 }
 
-const char* cell(int language, std::uint32_t row) {
+const char* cell(int language, std::size_t row) {
     return wording(kCells[supportedLanguages()[static_cast<std::size_t>(language)].column][row]);
 }
 
 }  // namespace
+
+const char* shownWording(const char* cell, int language, const char* english, const char* czech) {
+    if (*cell != '\0') {
+        return cell;
+    }
+    return primaryLanguageSubtag(languageTag(language)) == L"cs" ? czech : english;
+}
 
 std::wstring translateText(std::wstring_view englishText, std::wstring_view tag) {
     const std::span rows(kByEnglish, kWordingCount);
@@ -56,12 +63,10 @@ std::wstring localizedText(const ProductConfig& config, int textId, std::wstring
     if (textId < 0 || textId >= kTextCount) {
         return {};
     }
-    const BuiltInText& text = kBuiltIn[textId];
+    const auto row = static_cast<std::size_t>(textId);
     const int language = effectiveLanguageIndex(config, localeName);
-    if (const char* translation = cell(language, text.row); *translation != '\0') {
-        return base::toWide(translation);
-    }
-    return base::toWide(wording(primaryLanguageSubtag(languageTag(language)) == L"cs" ? text.czech : text.english));
+    return base::toWide(
+        shownWording(cell(language, row), language, wording(kBuiltIn[row].english), wording(kBuiltIn[row].czech)));
 }
 
 }  // namespace velquin

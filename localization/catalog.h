@@ -22,4 +22,9 @@ std::wstring localizedText(const ProductConfig& config, int textId, std::wstring
 // finds for the tag, else English. A text that was never translated comes back in English; an unknown one is empty.
 std::wstring translateText(std::wstring_view englishText, std::wstring_view tag);
 
+// Which wording of a text is shown in the supported language of this index: its cell, or, where that is empty, what is
+// built in; all in UTF-8. The texts as they are compiled have no empty cells: what was never translated stands there in
+// English.
+const char* shownWording(const char* cell, int language, const char* english, const char* czech);
+
 }  // namespace velquin

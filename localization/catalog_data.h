@@ -15,14 +15,13 @@ extern const char kPool[];
 struct BuiltInText {
     std::uint32_t english;
     std::uint32_t czech;
-    std::uint32_t row;  // the first id of the same English wording: its cells serve this id, too
 };
 extern const BuiltInText kBuiltIn[kTextCount];  // by id
 
 // The cells: for each column, in the order of languages.inc, one for each id.
-extern const std::uint32_t kCells[][kTextCount];
+extern const std::uint32_t kCells[kColumnCount][kTextCount];
 
-// The rows by the lower case of their English wordings, each wording once.
+// The first row of each English wording, by the lower case of the wordings.
 extern const std::uint16_t kByEnglish[];
 extern const std::size_t kWordingCount;
 

@@ -7,6 +7,7 @@
 
 #include "base/text.h"
 #include "core/configuration.h"
+#include "localization/text_ids.h"
 
 namespace velquin {
 namespace {
@@ -18,6 +19,8 @@ constexpr LanguageColumn kColumns[] = {
 #undef LANGUAGE
 #undef COLUMN
 };
+
+static_assert(std::size(kColumns) == kColumnCount, "the texts were compiled for these columns");
 
 // A language of a column that does not exist is an error of the compiler.
 consteval std::uint8_t columnOf(std::string_view code) {

@@ -48,10 +48,11 @@ std::wstring windowsLanguage();
 std::wstring effectiveLanguage(const ProductConfig& config);
 
 // The same as indices. `localeName` is what Windows calls the user's locale, empty where it could not say.
-int languageOfSetting(std::wstring_view value);  // -1 for "auto"
+int languageOfSetting(std::wstring_view value);  // -1 where canonicalLanguageSetting gives "auto"
 int languageOfLocale(std::wstring_view localeName);
 int effectiveLanguageIndex(const ProductConfig& config, std::wstring_view localeName);
 
+// The tag of an index of supportedLanguages(), which -1 is not.
 std::wstring languageTag(int index);
 
 }  // namespace velquin

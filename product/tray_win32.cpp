@@ -67,6 +67,8 @@ void showMenu(HWND window) {
 LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_CREATE:
+            SetWindowLongPtrW(window, GWLP_USERDATA,
+                              reinterpret_cast<LONG_PTR>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams));
             showIcon(window);
             return 0;
         case kTrayMessage:
@@ -101,12 +103,12 @@ bool runTray(HINSTANCE instance, const std::wstring& config) {
     RegisterClassExW(&windowClass);
     // A real top-level window, though never shown: a message-only one would get neither TaskbarCreated nor the setup's
     // request to close.
+    std::wstring configFile = config;
     const HWND window = CreateWindowExW(0, kAppUserModelId, kProductName, WS_OVERLAPPED, 0, 0, 0, 0, nullptr, nullptr,
-                                        instance, nullptr);
+                                        instance, &configFile);
     if (window == nullptr) {
         return false;
     }
-    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&config));
     MSG message{};
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
         TranslateMessage(&message);

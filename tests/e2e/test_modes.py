@@ -38,7 +38,7 @@ def test_without_options_a_message_box_in_the_users_language_tells_what_works(ma
         machine.write(DATA + r"\velquin.json", f'{{"Language": "{setting}"}}')
     machine.environment |= {"LC_ALL": locale, "LOCPATH": str(tmp_path)}
     started = machine.start(machine.unix(r"C:\setup\VelquinSetup.exe"))
-    machine.environment["LC_ALL"] = "C.UTF-8"
+    machine.environment["LC_ALL"] = "C.UTF-8"  # for what runs beside it
     try:
         assert machine.wait_until(lambda: machine.wine(BIN / "window_closer.exe", title), 30)
         assert started.wait(30) == 4

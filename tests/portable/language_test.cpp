@@ -38,6 +38,12 @@ velquin::ProductConfig configured(std::wstring_view language) {
     return config;
 }
 
+std::wstring shouted(std::wstring text) {
+    std::ranges::transform(text, text.begin(),
+                           [](wchar_t c) { return c >= L'a' && c <= L'z' ? static_cast<wchar_t>(c - 32) : c; });
+    return text;
+}
+
 TEST(Language, TagsAreNormalised) {
     expectEach(normalizeLanguageTag,
                {{L" \tDE_at\r\n", L"de-at"},
@@ -87,11 +93,9 @@ TEST(Language, ATagFindsItselfElseTheFirstOfItsPrimarySubtag) {
                           {std::wstring(L"de\0-DE", 6), L"none"}});
     for (int i = 0; i < languageCount(); ++i) {
         const std::wstring tag = languageTag(i);
-        std::wstring shouted = tag;
-        std::ranges::transform(shouted, shouted.begin(), [](wchar_t c) {
-            return c == L'-' ? L'_' : c >= L'a' && c <= L'z' ? static_cast<wchar_t>(c - 32) : c;
-        });
-        for (const std::wstring& spelling : {tag, shouted, base::lowered(tag), L"\t" + shouted + L" "}) {
+        std::wstring underscored = shouted(tag);
+        std::ranges::replace(underscored, L'-', L'_');
+        for (const std::wstring& spelling : {tag, underscored, base::lowered(tag), L"\t" + underscored + L" "}) {
             EXPECT_EQ(foundTag(spelling), tag);
             EXPECT_EQ(velquin::canonicalLanguageSetting(spelling), tag);
         }
@@ -159,6 +163,8 @@ TEST(Language, TheSettingCountsBeforeTheLocaleOfWindows) {
 TEST(Catalog, AnIdGivesTheTextOfTheLanguageInForce) {
     const auto text = [](const wchar_t* language, int id) { return localizedText(configured(language), id, L"ja-JP"); };
     EXPECT_EQ(text(L"en-GB", velquin::text::kBrowse), L"Browse");
+    EXPECT_EQ(text(L"en-US", velquin::text::kRepair), L"Repair");
+    EXPECT_EQ(text(L"en-US", velquin::text::kClose), L"Close");
     EXPECT_EQ(text(L"de-AT", velquin::text::kUninstall), L"Deinstallieren");
     EXPECT_EQ(text(L"cs", velquin::text::kTrayActiveSuffix), L" aktivn\xED");
     EXPECT_EQ(text(L"auto", velquin::text::kClose), text(L"ja-JP", velquin::text::kClose));
@@ -175,9 +181,17 @@ TEST(Catalog, AnIdGivesTheTextOfTheLanguageInForce) {
         for (int id = 0; id < velquin::kTextCount; ++id) {
             const std::wstring english = localizedText(configured(L"en-US"), id, L"");
             EXPECT_NE(english, L"");
-            EXPECT_EQ(localizedText(config, id, L""), translateText(english, languageTag(language))) << id;
+            EXPECT_EQ(localizedText(config, id, L""), translateText(shouted(english), languageTag(language))) << id;
         }
     }
+}
+
+TEST(Catalog, AnEmptyCellIsFilledFromWhatIsBuiltIn) {
+    const int czech = findSupportedLanguage(L"cs");
+    const int german = findSupportedLanguage(L"de");
+    EXPECT_STREQ(velquin::shownWording("cell", czech, "english", "czech"), "cell");
+    EXPECT_STREQ(velquin::shownWording("", czech, "english", "czech"), "czech");
+    EXPECT_STREQ(velquin::shownWording("", german, "english", "czech"), "english");
 }
 
 TEST(Catalog, AWordingIsFoundWithoutRegardToCase) {

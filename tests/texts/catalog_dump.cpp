@@ -1,4 +1,5 @@
-// Prints what the compiled texts give: for each supported language and each text a line with tag, id and text.
+// Prints what the compiled texts give: for each supported language and each text a record of tag, id and text, with a
+// zero byte behind it.
 #include <cstdio>
 
 #include "base/text.h"
@@ -11,8 +12,8 @@ int main() {
     for (int language = 0; language < static_cast<int>(velquin::supportedLanguages().size()); ++language) {
         config.language = velquin::languageTag(language);
         for (int id = 0; id < velquin::kTextCount; ++id) {
-            std::printf("%s\t%d\t%s\n", base::toUtf8(config.language).c_str(), id,
-                        base::toUtf8(velquin::localizedText(config, id, L"")).c_str());
+            std::printf("%s\t%d\t%s%c", base::toUtf8(config.language).c_str(), id,
+                        base::toUtf8(velquin::localizedText(config, id, L"")).c_str(), 0);
         }
     }
 }

@@ -1,4 +1,5 @@
 """What holds for every cell of the translations: a table over the 81 columns."""
+import difflib
 import re
 import subprocess
 import sys
@@ -12,10 +13,12 @@ from alphabets import WRITINGS
 REPO = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(REPO / "tools" / "texts"))
 from catalog import CAPTIONS, Catalog  # noqa: E402
-from coverage import width  # noqa: E402
+from report import width  # noqa: E402
 
 CATALOG = Catalog()
 COLUMNS = {column.code: column for column in CATALOG.columns}
+# Punctuation and blanks that any language may have; a no-break space is one of them.
+COMMON_MARKS = " ,-.:;!?()'\"’‘“”„«»–—…\u00a0\n"
 # What stands in a cell as it is, whatever the language: names, formats, keys, paths.
 NAMES = [r"C:\Program Files\Lumora Velquin", "Program Files", "Lumora Velquin", "Velquin", "VeraCrypt.exe", "VeraCrypt",
          "Windows", "VOXA", "DPAPI", "SHA-256", "JSON", "setup_url", "{path}", "{drive}"]
@@ -35,7 +38,7 @@ def cells(code):
 
 def without_names(cell):
     """The cell without names, whose endings in some languages stay, and without whole words of other alphabets."""
-    cell = re.sub("|".join(rf"\b{re.escape(name)}" for name in NAMES), " ", cell)
+    cell = re.sub("|".join(rf"(?<!\w){re.escape(name)}" for name in NAMES), " ", cell)
     return re.sub("|".join(rf"\b{word}\b" for word in WORDS), " ", cell)
 
 
@@ -66,6 +69,11 @@ def shape_problems(text, cell):
         yield "its placeholders are not those of the English"
 
 
+def sentences(wording, stop):
+    """How many of them end in the wording, at the most: abbreviations have stops, too."""
+    return len(re.findall(re.escape(stop) + (r"(?=\s|$)" if stop.isascii() else ""), wording))
+
+
 def ending(wording, stop):
     """The kind of closing punctuation."""
     wording = wording.rstrip()
@@ -88,6 +96,10 @@ def test_cells_have_the_shape_of_the_english(code):
         wanted = "none" if wanted == "stop" and not stop else wanted
         if ending(cell, stop) != wanted:
             yield f"ends with {ending(cell, stop)} rather than {wanted}"
+        if stop and sentences(cell, stop) < sentences(text.en, "."):
+            yield f"{sentences(cell, stop)} sentences, the English has {sentences(text.en, '.')}"
+        if text.kind == "name" and cell != text.en:
+            yield "is a name, which stays as it is"
 
     check(code, rule)
 
@@ -103,10 +115,10 @@ def test_cells_are_written_with_the_letters_of_the_language(code):
             if unicodedata.category(c)[0] in "LM":
                 if not name.startswith(writing.scripts):
                     yield f"{c} ({name}) is of another script"
-                elif c in writing.absent or (writing.letters and c.lower() not in writing.letters and c != "İ"):
+                elif c in writing.absent or (writing.letters and not {c, c.lower()} & set(writing.letters)):
                     yield f"{c} ({name}) is no letter of the language"
-            elif unicodedata.category(c) == "Cf" and c not in writing.marks + "\u200c\u200d":
-                yield f"{name} is invisible"
+            elif c not in COMMON_MARKS + writing.marks + writing.stop:
+                yield f"{c} ({name}) is no punctuation of the language"
         if writing.encoding:
             odd = [c for c in rest if not encodes(c, writing.encoding)]
             if odd:
@@ -148,6 +160,37 @@ def test_the_texts_of_the_setup_are_complete():
             for text in CATALOG.texts if text.is_setup and not CATALOG.translation(column, text)])
 
 
+def glossary(code):
+    return dict(re.findall(r"^  (.+?) = (\S.*)$", CATALOG.files[code].header.partition("Glossary:")[2], re.M))
+
+
+def likeness(wording, other):
+    """From 0 to 1, whatever the order of the words."""
+    first, second = (" ".join(sorted(text.lower().split())) for text in (wording, other))
+    return difflib.SequenceMatcher(None, first, second, autojunk=False).ratio()
+
+
+def test_cells_are_about_what_the_glossary_says():
+    """Finds cells that were exchanged or copied, within a column and among columns."""
+    buttons = {"install": 63, "repair": 64, "reinstall": 65, "uninstall": 66}
+    captions = buttons | {"install folder": 68, "shortcut": 67}
+    glossaries = {code: glossary(code) for code in COLUMNS}
+    wordings = {code: {text.id: cell for text, cell in cells(code)} for code in COLUMNS}
+    problems = []
+    for code, found in glossaries.items():
+        for term, number in buttons.items():
+            nearest = max(buttons, key=lambda other: likeness(found[other], wordings[code][number]))
+            if nearest != term:
+                problems.append(f"{code}.po: text {number} reads like '{nearest}' of its glossary: {wordings[code][number]}")
+
+        def alike(other):
+            return sum(likeness(glossaries[other][term], wordings[code][number]) for term, number in captions.items())
+        best = max(glossaries, key=alike)
+        if alike(best) > alike(code):
+            problems.append(f"{code}.po: its captions are more like the glossary of {best} than like its own")
+    report(problems)
+
+
 def test_no_two_columns_are_the_same():
     seen = {}
     for code in COLUMNS:
@@ -164,20 +207,28 @@ def test_the_czech_texts_are_those_that_are_built_in():
 def test_the_table_is_whole():
     assert len(CATALOG.texts) == 200 and len(COLUMNS) == 81 and set(WRITINGS) == set(COLUMNS)
     assert sum(text.kind == "help" for text in CATALOG.texts) == 58
+    tags = [tag for column in COLUMNS.values() for tag in column.tags]
+    assert len(tags) == len(set(tags)) == 88
+    # Norwegian and Quechua have their texts under another name than their tags.
+    others = {"nb": "no", "nn": "no", "quz": "qu"}
+    report([f"{tag} has its texts from {code}" for code, column in COLUMNS.items() for tag in column.tags
+            if others.get(tag.split("-")[0], tag.split("-")[0]) != code.split("-")[0]])
 
 
 def test_files_say_what_they_are():
     problems = []
     glossaries = {}
     for code, file in CATALOG.files.items():
-        if "native speaker" not in file.header and file.metadata["X-Reviewed-By"] == "nobody yet":
-            problems.append(f"{code}.po does not say that nobody has reviewed it")
-        glossaries[code] = re.findall(r"^  (.+?) = (\S.*)$", file.header.partition("Glossary:")[2], re.M)
+        if ("No native speaker has reviewed it yet." in file.header) != (file.metadata["X-Reviewed-By"] == "nobody yet"):
+            problems.append(f"{code}.po: its head and X-Reviewed-By do not agree on who has reviewed it")
+        if not file.header.startswith(f"Lumora Velquin in {COLUMNS[code].name}\n"):
+            problems.append(f"{code}.po does not begin with the name of its language")
+        glossaries[code] = glossary(code)
         if file.metadata["Language"] != COLUMNS[code].gettext_name:
             problems.append(f"{code}.po says that it is in {file.metadata['Language']}")
-    terms = [term for term, _ in glossaries["en"]]
-    problems += [f"{code}.po: the glossary lacks or reorders a term" for code, glossary in glossaries.items()
-                 if [term for term, _ in glossary] != terms]
+    terms = list(glossaries["en"])
+    problems += [f"{code}.po: the glossary lacks or reorders a term" for code, found in glossaries.items()
+                 if list(found) != terms]
     report(problems)
     assert len(terms) >= 20
 

@@ -11,8 +11,9 @@ import pytest
 REPO = Path(__file__).resolve().parents[2]
 TOOLS = REPO / "tools" / "texts"
 sys.path.insert(0, str(TOOLS))
-from catalog import BadTexts, Catalog, read_texts  # noqa: E402
-from update import template, updated  # noqa: E402
+from catalog import BadTexts, Catalog, read_columns, read_texts  # noqa: E402
+from compile import ranges  # noqa: E402
+from update import main as update  # noqa: E402  # noqa: E402
 
 
 def test_the_compiled_texts_are_those_of_the_files():
@@ -21,11 +22,10 @@ def test_the_compiled_texts_are_those_of_the_files():
     wanted = {(tag, text.id): catalog.cell(column, text) for column in catalog.columns for tag in column.tags
               for text in catalog.texts}
     found = {}
-    for line in dumped.splitlines():
-        tag, number, wording = line.split("\t")
+    for record in dumped.split("\0")[:-1]:
+        tag, number, wording = record.split("\t")
         found[tag, int(number)] = wording
-    assert len(found) == 88 * 200
-    assert found == wanted
+    assert len(found) > 10000 and found == wanted
 
 
 def texts(*rows):
@@ -43,6 +43,7 @@ def texts(*rows):
     (texts({"id": 0, "name": "one", "en": "One"}, {"id": 1, "name": "two", "en": "ONE"}), "ids 0 and 1 differ in letter case"),
     (texts({"id": 0, "name": "one"}), "missing 1 required positional argument: 'en'"),
     (texts({"id": 0, "name": "one", "en": "One", "de": "Eins"}), "unexpected keyword argument 'de'"),
+    (texts({"id": 0, "name": "one", "en": 5}), "id 0: 'en' is no str"),
     ("[[text]]\nid = ", "Invalid value"),
     ("", "'text'"),
 ])
@@ -51,6 +52,15 @@ def test_a_faulty_table_is_refused(tmp_path, content, error):
     with pytest.raises(BadTexts, match="texts.toml: ") as raised:
         read_texts(tmp_path / "texts.toml")
     assert error in str(raised.value)
+
+
+@pytest.mark.parametrize("row", ['COLUMN("xx",  "Name")', 'COLUMN("xx")', 'COLUMN("da", "Danish")', 'LANGUAGE("da-DK", "da")',
+                                 'LANGUAGE("xx-XX", "xx")', 'LANGUAGE("da-XX","da")'])
+def test_a_faulty_list_of_languages_is_refused(tmp_path, row):
+    whole = (REPO / "localization" / "languages.inc").read_text(encoding="utf-8")
+    (tmp_path / "languages.inc").write_text(whole + row + "\n", encoding="utf-8")
+    with pytest.raises(BadTexts, match=rf"languages.inc:{len(whole.splitlines()) + 1}: not a row"):
+        read_columns(tmp_path / "languages.inc")
 
 
 @pytest.fixture
@@ -96,21 +106,50 @@ def test_whatever_a_text_holds_is_the_same_in_the_program(changed):
     assert printed.startswith('Q" ??/ \\ \\0 1\n\u00e5\U0001F600')
 
 
-def test_an_update_keeps_translations(tmp_path):
-    catalog = Catalog()
-    danish = next(column for column in catalog.columns if column.code == "da")
-    path = tmp_path / "da.po"
-    old = polib.POFile()
-    old.header = "By hand."
-    old.metadata = {"Language": "da", "X-Reviewed-By": "Ane"}
-    old.extend([polib.POEntry(msgid="Gone", msgstr="V\u00e6k", tcomment="why"), polib.POEntry(msgid="Never", msgstr=""),
-                polib.POEntry(msgid="Close", msgstr="Luk", flags=["fuzzy"], tcomment="sure?")])
+def test_ids_are_gathered_in_runs():
+    assert (ranges([1, 2, 3, 7, 9, 10]), ranges([5]), ranges([])) == ("1-3, 7, 9-10", "5", "")
+
+
+def test_an_update_keeps_translations_and_makes_what_is_missing(tmp_path):
+    folder, paper = tmp_path / "localization", tmp_path / "paper.md"
+    shutil.copytree(REPO / "localization", folder)
+    shutil.copy(REPO / "docs" / "translating.md", paper)
+    update(["--check"], folder, paper)
+    path = folder / "po" / "da.po"
+    old = polib.pofile(str(path))
+    by_wording = {entry.msgid: entry for entry in old}
+    by_wording["Close"].flags, by_wording["Close"].tcomment = ["fuzzy"], "sure?"
+    gone = polib.POEntry(msgid="Gone", msgstr="V\u00e6k", tcomment="why", flags=["fuzzy"])
+    old.extend([gone, polib.POEntry(msgid="Never", msgstr="")])
+    old.remove(by_wording["SHA-256"])
+    old.remove(by_wording["Save"])
+    old.metadata["X-Reviewed-By"] = "Ane"
     path.write_text(str(old), encoding="utf-8")
-    new = updated(danish, path, template(catalog), {"Save": "Gem"})
+    (folder / "languages.inc").open("a", encoding="utf-8").write('COLUMN("eo", "Esperanto")\nLANGUAGE("eo", "eo")\n')
+    before = path.read_bytes()
+    with pytest.raises(SystemExit, match="run: "):
+        update(["--check"], folder, paper)
+    assert path.read_bytes() == before and not (folder / "po" / "eo.po").exists()
+
+    update([], folder, paper)
+    update(["--check"], folder, paper)
+    new = polib.pofile(str(path))
     by_wording = {entry.msgid: entry for entry in new}
-    assert (new.header, new.metadata["X-Reviewed-By"], new.metadata["MIME-Version"]) == ("By hand.", "Ane", "1.0")
-    assert (by_wording["Close"].msgstr, by_wording["Close"].tcomment, "fuzzy" in by_wording["Close"].flags) == (
-        "Luk", "sure?", True)
-    assert by_wording["Save"].msgstr == "Gem" and by_wording["Install"].msgstr == ""
-    assert by_wording["Gone"].obsolete and by_wording["Gone"].msgstr == "V\u00e6k" and "Never" not in by_wording
+    assert (new.header, new.metadata["X-Reviewed-By"]) == (old.header, "Ane")
+    close, gone = by_wording["Close"], by_wording["Gone"]
+    assert (close.msgstr, close.tcomment, close.flags) == ("Luk", "sure?", ["fuzzy"])
+    assert (gone.obsolete, gone.msgstr, gone.flags, gone.tcomment) == (True, "V\u00e6k", ["fuzzy"], "why")
+    assert "Never" not in by_wording
+    assert (by_wording["SHA-256"].msgstr, by_wording["Save"].msgstr) == ("SHA-256", "")
     assert "Text 56, 71" in by_wording["Browse"].comment
+    made = (folder / "po" / "eo.po").read_text(encoding="utf-8")
+    assert made.startswith("# Lumora Velquin in Esperanto\n") and "#   drive letter =\n" in made
+    row = next(line for line in paper.read_text(encoding="utf-8").splitlines() if line.startswith("| Danish "))
+    assert row.split("|")[4:8] == [" 29 ", " 4 ", " 0 ", " Ane "]
+
+    paper.write_text("no place for tables", encoding="utf-8")
+    with pytest.raises(SystemExit, match="were not found"):
+        update([], folder, paper)
+    path.unlink()
+    compiled = subprocess.run([sys.executable, str(TOOLS / "compile.py"), str(folder), str(tmp_path)], capture_output=True, text=True)
+    assert (compiled.returncode, compiled.stderr) == (1, "da.po is missing\n")

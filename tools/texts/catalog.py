@@ -1,9 +1,9 @@
 """The texts that people see, as the repository holds them: the table of texts, the languages, and a gettext file for each
 column of translations."""
+import dataclasses
 import itertools
 import re
 import tomllib
-from dataclasses import dataclass
 from pathlib import Path
 
 import polib
@@ -24,7 +24,7 @@ class BadTexts(Exception):
     """What is wrong with the table or a file of translations, as lines for people."""
 
 
-@dataclass(frozen=True)
+@dataclasses.dataclass(frozen=True)
 class Text:
     id: int
     name: str
@@ -38,7 +38,7 @@ class Text:
         return self.id in SETUP_IDS
 
 
-@dataclass(frozen=True)
+@dataclasses.dataclass(frozen=True)
 class Column:
     code: str
     name: str
@@ -53,11 +53,11 @@ class Catalog:
     """`texts` in the order of their ids, `columns` in the order of the cells; by the code of a column `files`, the
     files of translations, and `po`, their entries by English wording."""
 
-    def __init__(self, folder=REPO / "localization"):
+    def __init__(self, folder=REPO / "localization", may_lack_files=False):
         self.folder = folder
         self.texts = read_texts(folder / "texts.toml")
         self.columns = read_columns(folder / "languages.inc")
-        self.files = {column.code: read_po(self.po_path(column)) for column in self.columns}
+        self.files = {column.code: read_po(self.po_path(column), may_lack_files) for column in self.columns}
         self.po = {code: {entry.msgid: entry for entry in file} for code, file in self.files.items()}
 
     def po_path(self, column):
@@ -84,12 +84,23 @@ class Catalog:
         return self.translation(column, text) or text.en
 
 
+def read_file(path):
+    try:
+        return path.read_text(encoding="utf-8")
+    except (OSError, UnicodeDecodeError) as error:
+        raise BadTexts(f"{path.name}: {error}") from error
+
+
 def read_texts(path):
     try:
-        rows = tomllib.loads(path.read_text(encoding="utf-8"))["text"]
+        rows = tomllib.loads(read_file(path))["text"]
         texts = [Text(**row) for row in rows]
-    except (tomllib.TOMLDecodeError, KeyError, TypeError, UnicodeDecodeError) as error:
+    except (tomllib.TOMLDecodeError, KeyError, TypeError) as error:
         raise BadTexts(f"{path.name}: {error}") from error
+    wrong = [f"{path.name}: id {text.id}: '{field.name}' is no {field.type.__name__}" for text in texts
+             for field in dataclasses.fields(Text) if not isinstance(getattr(text, field.name), field.type)]
+    if wrong:
+        raise BadTexts("\n".join(wrong))
     problems = []
     for number, text in enumerate(texts):
         problems += [f"id {text.id} stands where id {number} belongs"] * (text.id != number)
@@ -109,16 +120,23 @@ def read_texts(path):
 
 
 def read_columns(path):
-    source = path.read_text(encoding="utf-8")
-    tags = re.findall(r'^LANGUAGE\("([^"]+)", "([^"]+)"\)$', source, re.M)
-    columns = [Column(code, name, tuple(tag for tag, column in tags if column == code))
-               for code, name in re.findall(r'^COLUMN\("([^"]+)", "([^"]+)"\)$', source, re.M)]
-    if not columns:
-        raise BadTexts(f"{path.name}: no COLUMN row was found")
-    return columns
+    names, tags = {}, {}
+    for number, line in enumerate(read_file(path).splitlines(), 1):
+        if not re.match(r"\s*(COLUMN|LANGUAGE)\b", line):
+            continue
+        row = re.fullmatch(r'(COLUMN|LANGUAGE)\("([^"]+)", "([^"]+)"\)', line)
+        table = {"COLUMN": names, "LANGUAGE": tags}[row[1]] if row else {}
+        if not row or row[2] in table or (table is tags and row[3] not in names):
+            raise BadTexts(f"{path.name}:{number}: not a row, or one that stands here already, or of a column that does not")
+        table[row[2]] = row[3]
+    return [Column(code, name, tuple(tag for tag, column in tags.items() if column == code)) for code, name in names.items()]
 
 
-def read_po(path):
+def read_po(path, may_be_missing=False):
+    if not path.exists():  # polib would take the path itself for the content of a file
+        if may_be_missing:
+            return polib.POFile()
+        raise BadTexts(f"{path.name} is missing")
     try:
         return polib.pofile(str(path), encoding="utf-8", check_for_duplicates=True)
     except (OSError, ValueError, UnicodeDecodeError) as error:

@@ -32,12 +32,12 @@ def literal(wording):
 
 
 def tables(catalog):
-    """The four tables: the pool; built-in rows (English, Czech, row); cells by column; rows by English wording."""
+    """The four tables: the pool; built-in rows (English, Czech); cells by column; rows by English wording."""
     pool = Pool()
     first = {}
     for text in catalog.texts:
         first.setdefault(text.en, text.id)
-    built_in = [(pool.place(text.en), pool.place(text.cs), first[text.en]) for text in catalog.texts]
+    built_in = [(pool.place(text.en), pool.place(text.cs)) for text in catalog.texts]
     cells = [[pool.place(catalog.cell(column, text)) for text in catalog.texts] for column in catalog.columns]
     by_english = sorted(first.values(), key=lambda row: catalog.texts[row].en.lower())
     return pool, built_in, cells, by_english
@@ -61,8 +61,8 @@ def data_source(catalog):
              "namespace velquin::catalog_data {", "", "const char kPool[] ="]
     lines += [f"    {literal(wording)}" for wording in pool.places]
     lines += ["    ;", "const BuiltInText kBuiltIn[kTextCount] = {"]
-    lines += [f"    {{{english}, {czech}, {row}}}," for english, czech, row in built_in]
-    lines += ["};", "const std::uint32_t kCells[][kTextCount] = {"]
+    lines += [f"    {{{english}, {czech}}}," for english, czech in built_in]
+    lines += ["};", "const std::uint32_t kCells[kColumnCount][kTextCount] = {"]
     lines += [f"    {{{', '.join(map(str, column))}}}," for column in cells]
     lines += ["};", f"const std::uint16_t kByEnglish[] = {{{', '.join(map(str, by_english))}}};",
               f"const std::size_t kWordingCount = {len(by_english)};", "", "}  // namespace velquin::catalog_data", ""]
@@ -71,7 +71,8 @@ def data_source(catalog):
 
 def names_source(catalog):
     lines = ["// The names of the texts. Written by tools/texts/compile.py.", "#pragma once", "", "namespace velquin {", "",
-             f"inline constexpr int kTextCount = {len(catalog.texts)};", "", "namespace text {", ""]
+             f"inline constexpr int kTextCount = {len(catalog.texts)};",
+             f"inline constexpr int kColumnCount = {len(catalog.columns)};", "", "namespace text {", ""]
     for text in catalog.texts:
         lines.append(f"inline constexpr int k{text.name.title().replace('_', '')} = {text.id};")
     return "\n".join([*lines, "", "}  // namespace text", "}  // namespace velquin", ""])
@@ -103,8 +104,11 @@ def ranges(ids):
 
 def check_syntax(path):
     """polib reads over much of what is wrong in a file; gettext's own compiler does not."""
-    run = subprocess.run(["msgfmt", "--check", "--output-file=/dev/null", path.name], cwd=path.parent, capture_output=True,
-                         text=True)
+    try:
+        run = subprocess.run(["msgfmt", "--check", "--output-file=/dev/null", path.name], cwd=path.parent,
+                             capture_output=True, text=True)
+    except OSError as error:
+        raise BadTexts(f"msgfmt: {error}") from error
     if run.returncode:
         raise BadTexts(run.stderr.strip())
 
@@ -118,10 +122,14 @@ def main(localization, out):
         sys.exit(str(error))
     out = Path(out)
     out.mkdir(parents=True, exist_ok=True)
-    (out / "catalog_data.cpp").write_text(data_source(catalog), encoding="utf-8")
-    (out / "text_ids.h").write_text(names_source(catalog), encoding="utf-8")
+    for name, source in (("catalog_data.cpp", data_source(catalog)), ("text_ids.h", names_source(catalog))):
+        # A new translation leaves the names as they are, and whatever uses them need not be compiled again.
+        if not (out / name).exists() or (out / name).read_text(encoding="utf-8") != source:
+            (out / name).write_text(source, encoding="utf-8")
     print_untranslated(catalog)
 
 
 if __name__ == "__main__":
+    if len(sys.argv) != 3:
+        sys.exit(__doc__)
     main(*sys.argv[1:])

@@ -2,6 +2,7 @@
 """Brings what follows from the table of texts up to date: the template and the files of translations, which keep what is
 translated, and the coverage in docs/translating.md. With --check it changes nothing and fails when there is something to
 bring up to date."""
+import re
 import sys
 from pathlib import Path
 
@@ -9,15 +10,16 @@ import polib
 
 sys.path.insert(0, str(Path(__file__).resolve().parent))
 from catalog import REPO, BadTexts, Catalog  # noqa: E402
-from coverage import insert_tables  # noqa: E402
+from report import insert_tables  # noqa: E402
 
 TEMPLATE_HEADER = """Lumora Velquin: the texts that people see
 See docs/translating.md."""
 NEW_HEADER = """Lumora Velquin in {name}
 
 How it was translated: not yet.
+No native speaker has reviewed it yet.
 
-Glossary:"""
+"""
 # What the file says of itself; msgfmt --check wants the first seven to be there.
 METADATA = {
     "Project-Id-Version": "Lumora Velquin",
@@ -48,12 +50,18 @@ def template(catalog):
     return pot
 
 
-def updated(column, path, pot, built_in):
+def new_header(catalog, column):
+    """With the terms of the glossary, which are those of the English file, left to be translated."""
+    glossary = catalog.files["en"].header.partition("Glossary:")
+    return NEW_HEADER.format(name=column.name) + glossary[1] + re.sub(r"(?<= =) .*", "", glossary[2])
+
+
+def updated(catalog, column, pot, built_in):
     """The column's file with the template's entries, their order and comments. Translations are kept; one whose wording is
     gone stays at the end as obsolete. `built_in` gives translations for entries that have none."""
-    old = polib.pofile(str(path), encoding="utf-8") if path.exists() else polib.POFile()
+    old = catalog.files[column.code]
     new = polib.POFile(wrapwidth=120)
-    new.header = old.header or NEW_HEADER.format(name=column.name)
+    new.header = old.header or new_header(catalog, column)
     new.metadata = METADATA | {"Language": column.gettext_name} | old.metadata
     kept = {entry.msgid: entry for entry in old}
     for entry in pot:
@@ -61,8 +69,8 @@ def updated(column, path, pot, built_in):
         flags = [flag for flag in before.flags if flag == "fuzzy"] + entry.flags
         new.append(polib.POEntry(msgid=entry.msgid, msgstr=before.msgstr or built_in.get(entry.msgid, ""), flags=flags,
                                  comment=entry.comment, tcomment=before.tcomment))
-    new.extend(polib.POEntry(msgid=entry.msgid, msgstr=entry.msgstr, obsolete=True)
-               for entry in kept.values() if entry.msgstr)
+    new.extend(polib.POEntry(msgid=entry.msgid, msgstr=entry.msgstr, flags=entry.flags, tcomment=entry.tcomment,
+                             obsolete=True) for entry in kept.values() if entry.msgstr)
     return new
 
 
@@ -74,7 +82,7 @@ def outdated(catalog, write):
     wanted = {catalog.folder / "po" / "velquin.pot": pot}
     for column in catalog.columns:
         path = catalog.po_path(column)
-        wanted[path] = updated(column, path, pot, built_in.get(column.code, names))
+        wanted[path] = updated(catalog, column, pot, built_in.get(column.code, names))
     for path, content in wanted.items():
         text = str(content) + "\n"
         if not path.exists() or path.read_text(encoding="utf-8") != text:
@@ -83,28 +91,29 @@ def outdated(catalog, write):
                 path.write_text(text, encoding="utf-8")
 
 
-def outdated_paper(catalog, write):
-    path = REPO / "docs" / "translating.md"
-    old = path.read_text(encoding="utf-8")
+def outdated_paper(catalog, paper, write):
+    old = paper.read_text(encoding="utf-8")
     new = insert_tables(old, catalog)
     if new != old:
-        yield path
+        yield paper
         if write:
-            path.write_text(new, encoding="utf-8")
+            paper.write_text(new, encoding="utf-8")
 
 
-def main():
-    check = sys.argv[1:] == ["--check"]
+def main(arguments, folder=REPO / "localization", paper=REPO / "docs" / "translating.md"):
+    if arguments not in ([], ["--check"]):
+        sys.exit(__doc__)
+    check = bool(arguments)
     try:
-        found = list(outdated(Catalog(), not check))
-        found += outdated_paper(Catalog(), not check)
+        found = list(outdated(Catalog(folder, may_lack_files=True), not check))
+        found += outdated_paper(Catalog(folder, may_lack_files=check), paper, not check)
     except BadTexts as error:
         sys.exit(str(error))
     for path in found:
-        print(f"{path.relative_to(REPO)}: {'is not up to date' if check else 'brought up to date'}")
+        print(f"{path.name}: {'is not up to date' if check else 'brought up to date'}")
     if check and found:
         sys.exit("run: ./dev exec tools/texts/update.py")
 
 
 if __name__ == "__main__":
-    main()
+    main(sys.argv[1:])

@@ -57,7 +57,10 @@ def caption_table(catalog):
 def insert_tables(paper, catalog):
     """The paper with both tables between its marks."""
     written = f"{BEGIN}\n{coverage_table(catalog)}\n\n### The widest captions\n\n{caption_table(catalog)}\n{END}"
-    return re.sub(f"{re.escape(BEGIN)}.*{re.escape(END)}", lambda _: written, paper, flags=re.S)
+    inserted, places = re.subn(f"{re.escape(BEGIN)}.*{re.escape(END)}", lambda _: written, paper, flags=re.S)
+    if places != 1:
+        raise BadTexts(f"docs/translating.md: the lines '{BEGIN}' and '{END}' were not found once")
+    return inserted
 
 
 if __name__ == "__main__":
