@@ -12,8 +12,8 @@
 namespace velquin {
 namespace {
 
-constexpr LanguageColumn kColumns[] = {
-#define COLUMN(code, name) {code},
+constexpr char kColumns[][8] = {
+#define COLUMN(code, name) code,
 #define LANGUAGE(tag, column)
 #include "localization/languages.inc"
 #undef LANGUAGE
@@ -25,7 +25,7 @@ static_assert(std::size(kColumns) == kColumnCount, "the texts were compiled for 
 // A language of a column that does not exist is an error of the compiler.
 consteval std::uint8_t columnOf(std::string_view code) {
     for (std::size_t i = 0; i < std::size(kColumns); ++i) {
-        if (kColumns[i].code == code) {
+        if (kColumns[i] == code) {
             return static_cast<std::uint8_t>(i);
         }
     }
@@ -139,10 +139,6 @@ int languageOfKey(const Key& key) {
 
 std::span<const SupportedLanguage> supportedLanguages() {
     return kLanguages;
-}
-
-std::span<const LanguageColumn> languageColumns() {
-    return kColumns;
 }
 
 std::wstring normalizeLanguageTag(std::wstring_view tag) {

@@ -18,15 +18,10 @@ inline constexpr wchar_t kAutomaticLanguage[] = L"auto";
 // Plain characters rather than pointers, so that the table needs no relocations.
 struct SupportedLanguage {
     char tag[16];
-    std::uint8_t column;  // of the texts, into languageColumns()
-};
-struct LanguageColumn {
-    char code[8];
+    std::uint8_t column;  // of the texts, in the order of languages.inc
 };
 // In the order in which a tag without an exact match is offered to them.
 std::span<const SupportedLanguage> supportedLanguages();
-// In the order of the cells of a text.
-std::span<const LanguageColumn> languageColumns();
 
 // The tag trimmed, in lower case, with "-" for every "_"; Hong Kong, and Serbia and Montenegro, become the supported
 // neighbours that share their script.

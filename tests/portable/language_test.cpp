@@ -102,6 +102,21 @@ TEST(Language, ATagFindsItselfElseTheFirstOfItsPrimarySubtag) {
     }
 }
 
+TEST(Language, TheOrderDecidesWhatATagFindsAndStaysAsItIs) {
+    std::wstring tags;
+    for (int i = 0; i < languageCount(); ++i) {
+        tags += languageTag(i) + L" ";
+    }
+    EXPECT_EQ(tags,
+              L"ar-SA eu-ES bg-BG ca-ES zh-CN zh-TW hr-HR cs-CZ da-DK nl-NL en-US en-GB et-EE fi-FI fr-CA "
+              L"fr-FR gl-ES de-DE el-GR he-IL hu-HU id-ID it-IT ja-JP ko-KR lv-LV lt-LT nb-NO pl-PL pt-BR "
+              L"pt-PT ro-RO ru-RU sr-Latn-RS sk-SK sl-SI es-MX es-ES sv-SE th-TH tr-TR uk-UA vi-VN af-ZA "
+              L"sq-AL am-ET hy-AM as-IN az-Latn-AZ be-BY bn-IN bs-Latn-BA chr-CHER-US fil-PH ka-GE gu-IN "
+              L"hi-IN is-IS ga-IE kn-IN kk-KZ km-KH kok-IN lo-LA lb-LU mk-MK ms-MY ml-IN mt-MT mi-NZ mr-IN "
+              L"ne-NP nn-NO or-IN fa-IR pa-IN quz-PE gd-GB sr-Cyrl-BA sr-Cyrl-RS ta-IN tt-RU te-IN ur-PK "
+              L"ug-CN uz-Latn-UZ ca-ES-valencia cy-GB ");
+}
+
 // The same by the plainest means, without the keys that the lookup compares.
 int foundPlainly(std::wstring_view tag) {
     for (const auto function : {normalizeLanguageTag, primaryLanguageSubtag}) {

@@ -157,7 +157,7 @@ def test_wide_captions_have_a_reason():
 
 def test_the_texts_of_the_setup_are_complete():
     report([f"{code}.po: text {text.id} is not translated: {text.en}" for code, column in COLUMNS.items()
-            for text in CATALOG.texts if text.is_setup and not CATALOG.translation(column, text)])
+            for text in CATALOG.texts if text.setup and not CATALOG.translation(column, text)])
 
 
 def glossary(code):
@@ -194,7 +194,7 @@ def test_cells_are_about_what_the_glossary_says():
 def test_no_two_columns_are_the_same():
     seen = {}
     for code in COLUMNS:
-        seen.setdefault(tuple(cell for text, cell in cells(code) if text.is_setup), []).append(code)
+        seen.setdefault(tuple(cell for text, cell in cells(code) if text.setup), []).append(code)
     report([f"the same texts throughout: {', '.join(codes)}" for codes in seen.values() if len(codes) > 1])
 
 
@@ -206,6 +206,10 @@ def test_the_czech_texts_are_those_that_are_built_in():
 
 def test_the_table_is_whole():
     assert len(CATALOG.texts) == 200 and len(COLUMNS) == 81 and set(WRITINGS) == set(COLUMNS)
+    assert " ".join(COLUMNS) == (
+        "ar eu bg ca zh-CN zh-TW hr cs da nl en et fi fr gl de el he hu id it ja ko lv lt no pl pt ro ru "
+        "sr-Latn sk sl es sv th tr uk vi af sq am hy as az be bn bs chr fil ka gu hi is ga kn kk km kok lo lb mk "
+        "ms ml mt mi mr ne or fa pa qu gd sr ta tt te ur ug uz cy")
     assert sum(text.kind == "help" for text in CATALOG.texts) == 58
     tags = [tag for column in COLUMNS.values() for tag in column.tags]
     assert len(tags) == len(set(tags)) == 88

@@ -13,8 +13,6 @@ REPO = Path(__file__).resolve().parents[2]
 # all languages.
 CAPTIONS = ("button", "check box", "title")
 KINDS = (*CAPTIONS, "menu item", "label", "status", "message", "help", "name")
-# The texts that the setup itself shows: complete in every language.
-SETUP_IDS = frozenset([1, 58, *range(62, 88), 120, 121])
 NAME = re.compile(r"[a-z][a-z0-9]*(_[a-z0-9]+)*")
 # Where gettext has a name of its own for the language of a column.
 GETTEXT_NAMES = {"no": "nb", "sr-Latn": "sr@latin", "zh-CN": "zh_CN", "zh-TW": "zh_TW"}
@@ -32,10 +30,7 @@ class Text:
     note: str
     en: str
     cs: str
-
-    @property
-    def is_setup(self):
-        return self.id in SETUP_IDS
+    setup: bool = False  # whether the setup itself shows it
 
 
 @dataclasses.dataclass(frozen=True)

@@ -84,7 +84,7 @@ def print_untranslated(catalog):
     for text in catalog.texts:
         codes = tuple(column.code for column in catalog.columns if not catalog.translation(column, text))
         if codes:
-            lacking.setdefault((text.is_setup, codes), []).append(text.id)
+            lacking.setdefault((text.setup, codes), []).append(text.id)
     for (is_setup, codes), ids in lacking.items():
         others = [column.code for column in catalog.columns if column.code not in codes]
         names = f"all but {', '.join(others)}" if len(others) < len(codes) else ", ".join(codes)

@@ -12,9 +12,9 @@ from catalog import CAPTIONS, BadTexts, Catalog  # noqa: E402
 BEGIN, END = "<!-- Written by tools/texts/update.py -->", "<!-- End of what is written -->"
 # The texts by their use, as the columns of the table.
 PARTS = {
-    "setup": lambda text: text.is_setup,
-    "short texts": lambda text: not text.is_setup and text.kind != "help",
-    "help texts": lambda text: not text.is_setup and text.kind == "help",
+    "setup": lambda text: text.setup,
+    "short texts": lambda text: not text.setup and text.kind != "help",
+    "help texts": lambda text: not text.setup and text.kind == "help",
 }
 
 

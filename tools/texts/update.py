@@ -2,6 +2,7 @@
 """Brings what follows from the table of texts up to date: the template and the files of translations, which keep what is
 translated, and the coverage in docs/translating.md. With --check it changes nothing and fails when there is something to
 bring up to date."""
+import datetime
 import re
 import sys
 from pathlib import Path
@@ -62,7 +63,8 @@ def updated(catalog, column, pot, built_in):
     old = catalog.files[column.code]
     new = polib.POFile(wrapwidth=120)
     new.header = old.header or new_header(catalog, column)
-    new.metadata = METADATA | {"Language": column.gettext_name} | old.metadata
+    new.metadata = METADATA | {"Language": column.gettext_name, "PO-Revision-Date": f"{datetime.date.today()} 12:00+0000"}
+    new.metadata |= old.metadata
     kept = {entry.msgid: entry for entry in old}
     for entry in pot:
         before = kept.pop(entry.msgid, polib.POEntry(msgid=entry.msgid))
