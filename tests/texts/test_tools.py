@@ -86,9 +86,9 @@ def test_the_build_names_what_is_not_translated_or_not_readable(changed):
     missing = changed(lambda text: text.replace(entry, "#, fuzzy\n" + entry))
     assert missing.returncode == 0 and "texts: of the setup: 71 not translated yet in da\n" in missing.stdout
     twice = changed(lambda text: text + '\nmsgid "Browse"\nmsgstr "Kig"\n')
-    assert twice.returncode == 1 and twice.stderr.startswith("da.po: ")
+    assert twice.returncode == 1 and twice.stderr.startswith("error: da.po: ")
     broken = changed(lambda text: "msgid Browse")
-    assert broken.returncode == 1 and broken.stderr.startswith("da.po:1: ")
+    assert broken.returncode == 1 and broken.stderr.startswith("error: da.po:1: ")
 
 
 def test_whatever_a_text_holds_is_the_same_in_the_program(changed):
@@ -152,4 +152,4 @@ def test_an_update_keeps_translations_and_makes_what_is_missing(tmp_path):
         update([], folder, paper)
     path.unlink()
     compiled = subprocess.run([sys.executable, str(TOOLS / "compile.py"), str(folder), str(tmp_path)], capture_output=True, text=True)
-    assert (compiled.returncode, compiled.stderr) == (1, "da.po is missing\n")
+    assert (compiled.returncode, compiled.stderr) == (1, "error: da.po is missing\n")

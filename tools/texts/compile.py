@@ -119,7 +119,8 @@ def main(localization, out):
         for column in catalog.columns:
             check_syntax(catalog.po_path(column))
     except BadTexts as error:
-        sys.exit(str(error))
+        # As a compiler would say it, so that it stands out among what a build prints.
+        sys.exit("\n".join(f"error: {line}" for line in str(error).splitlines()))
     out = Path(out)
     out.mkdir(parents=True, exist_ok=True)
     for name, source in (("catalog_data.cpp", data_source(catalog)), ("text_ids.h", names_source(catalog))):
