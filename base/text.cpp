@@ -102,34 +102,37 @@ std::optional<char32_t> decodeUtf8(std::string_view text, size_t& index) {
     return value;
 }
 
-// Copies the characters of ASCII from `index` on, by eights, and gives the index behind them. `out` has room for as
-// many units as there are bytes left.
-size_t widenAscii(std::string_view text, size_t index, wchar_t*& out) {
-    constexpr size_t kStep = 8;
+bool isAscii(char c) {
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
+// Where the characters of ASCII from `index` on end, looked for by eights.
+size_t asciiEnd(std::string_view text, size_t index) {
     static_assert(std::endian::native == std::endian::little, "the first byte is the lowest");
-    for (size_t plain = kStep; plain == kStep && text.size() - index >= kStep; index += plain, out += plain) {
-        std::uint64_t bytes;
-        std::memcpy(&bytes, text.data() + index, kStep);
-        for (size_t i = 0; i < kStep; ++i) {
-            out[i] = static_cast<wchar_t>(text[index + i] & 0x7F);
+    std::uint64_t bytes;
+    for (; text.size() - index >= sizeof(bytes); index += sizeof(bytes)) {
+        std::memcpy(&bytes, text.data() + index, sizeof(bytes));
+        if ((bytes & 0x8080808080808080u) != 0) {
+            return index + static_cast<size_t>(std::countr_zero(bytes & 0x8080808080808080u)) / 8;
         }
-        plain = static_cast<size_t>(std::countr_zero(bytes & 0x8080808080808080u)) / 8;
     }
-    for (; index < text.size() && static_cast<unsigned char>(text[index]) < 0x80; ++index) {
-        *out++ = static_cast<wchar_t>(text[index]);
+    while (index < text.size() && isAscii(text[index])) {
+        ++index;
     }
     return index;
 }
 
-// Decodes UTF-8 with U+FFFD for each ill-formed part, and counts these.
+// Decodes UTF-8 with U+FFFD for each ill-formed part, and counts these. Most text comes in runs of ASCII, which are
+// copied at once.
 std::wstring decodeAll(std::string_view utf8, size_t& illFormed) {
     std::wstring text;
     // No code point has more units than bytes.
     text.resize_and_overwrite(utf8.size(), [&](wchar_t* buffer, size_t) {
         wchar_t* out = buffer;
         for (size_t i = 0; i < utf8.size();) {
-            i = widenAscii(utf8, i, out);
-            if (i < utf8.size()) {
+            const size_t end = asciiEnd(utf8, i);
+            out = std::ranges::copy(utf8.substr(i, end - i), out).out;
+            for (i = end; i < utf8.size() && !isAscii(utf8[i]);) {
                 const auto codePoint = decodeUtf8(utf8, i);
                 illFormed += codePoint ? 0 : 1;
                 out += putCodePoint(out, codePoint.value_or(kReplacement));

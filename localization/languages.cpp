@@ -44,12 +44,15 @@ constexpr SupportedLanguage kLanguages[] = {
 // for its length or its characters, becomes some key that is not ours either.
 struct Key {
     static constexpr std::size_t kSize = 16;
-    std::array<std::uint64_t, kSize / 8> bytes{};
+    std::uint64_t head = 0;
+    std::uint64_t tail = 0;
 
     auto operator<=>(const Key&) const = default;
 
-    constexpr void put(std::size_t i, unsigned char c) { bytes[i / 8] |= std::uint64_t{c} << (56 - 8 * (i % 8)); }
-    constexpr char at(std::size_t i) const { return static_cast<char>(bytes[i / 8] >> (56 - 8 * (i % 8))); }
+    constexpr void put(std::size_t i, unsigned char c) {
+        (i < 8 ? head : tail) |= std::uint64_t{c} << (56 - 8 * (i % 8));
+    }
+    constexpr char at(std::size_t i) const { return static_cast<char>((i < 8 ? head : tail) >> (56 - 8 * (i % 8))); }
 };
 
 template <typename Char>
