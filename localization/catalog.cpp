@@ -1,7 +1,7 @@
 #include "localization/catalog.h"
 
 #include <algorithm>
-#include <span>
+#include <iterator>
 
 #include "base/text.h"
 #include "core/configuration.h"
@@ -22,17 +22,9 @@ constexpr wchar_t lowerAscii(wchar_t c) {
     return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c + (L'a' - L'A')) : c;
 }
 
-// Below, at or above 0 as the wording stands before, at or behind `text`, both in lower case.
-int compare(const char* wording, std::wstring_view text) {
-    for (const wchar_t c : text) {
-        const wchar_t ours = lowerAscii(static_cast<unsigned char>(*wording));
-        const wchar_t theirs = lowerAscii(c);
-        if (ours != theirs || ours == 0) {
-            return ours == 0 || ours < theirs ? -1 : 1;
-        }
-        ++wording;
-    }
-    return *wording == '\0' ? 0 : 1;
+bool equalsIgnoringCase(std::string_view wording, std::wstring_view text) {
+    return std::ranges::equal(
+        wording, text, {}, [](char c) { return lowerAscii(static_cast<unsigned char>(c)); }, lowerAscii);
 }
 
 const char* cell(int language, std::size_t row) {
@@ -49,14 +41,13 @@ const char* shownWording(const char* cell, int language, const char* english, co
 }
 
 std::wstring translateText(std::wstring_view englishText, std::wstring_view tag) {
-    const std::span rows(kByEnglish, kWordingCount);
-    const auto row = std::ranges::partition_point(rows, [englishText](std::uint16_t candidate) {
-        return compare(wording(kBuiltIn[candidate].english), englishText) < 0;
+    const auto* text = std::ranges::find_if(kBuiltIn, [englishText](const BuiltInText& candidate) {
+        return equalsIgnoringCase(wording(candidate.english), englishText);
     });
-    if (row == rows.end() || compare(wording(kBuiltIn[*row].english), englishText) != 0) {
+    if (text == std::end(kBuiltIn)) {
         return {};
     }
-    return base::toWide(cell(languageOfLocale(tag), *row));
+    return base::toWide(cell(languageOfLocale(tag), static_cast<std::size_t>(text - kBuiltIn)));
 }
 
 std::wstring localizedText(const ProductConfig& config, int textId, std::wstring_view localeName) {

@@ -2,7 +2,6 @@
 // pointers, hence without relocations.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 
 #include "localization/text_ids.h"
@@ -20,9 +19,5 @@ extern const BuiltInText kBuiltIn[kTextCount];  // by id
 
 // The cells: for each column, in the order of languages.inc, one for each id.
 extern const std::uint32_t kCells[kColumnCount][kTextCount];
-
-// The first row of each English wording, by the lower case of the wordings.
-extern const std::uint16_t kByEnglish[];
-extern const std::size_t kWordingCount;
 
 }  // namespace velquin::catalog_data

@@ -10,6 +10,6 @@ namespace velquin::app {
 // Shows the icon and runs the message loop until the menu's last entry, WM_CLOSE or the end of the session. The menu is
 // in the language of the configuration file `config`, as it says when the menu opens. False when the window could not
 // be made.
-bool runTray(HINSTANCE__* instance, const std::wstring& config);
+bool runTray(HINSTANCE__* instance, std::wstring config);
 
 }  // namespace velquin::app

@@ -94,7 +94,7 @@ LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
 
 }  // namespace
 
-bool runTray(HINSTANCE instance, const std::wstring& config) {
+bool runTray(HINSTANCE instance, std::wstring config) {
     WNDCLASSEXW windowClass{};
     windowClass.cbSize = sizeof(windowClass);
     windowClass.lpfnWndProc = windowProcedure;
@@ -103,9 +103,8 @@ bool runTray(HINSTANCE instance, const std::wstring& config) {
     RegisterClassExW(&windowClass);
     // A real top-level window, though never shown: a message-only one would get neither TaskbarCreated nor the setup's
     // request to close.
-    std::wstring configFile = config;
     const HWND window = CreateWindowExW(0, kAppUserModelId, kProductName, WS_OVERLAPPED, 0, 0, 0, 0, nullptr, nullptr,
-                                        instance, &configFile);
+                                        instance, &config);
     if (window == nullptr) {
         return false;
     }

@@ -1,7 +1,6 @@
 #!/usr/bin/env python3
 """compile.py LOCALIZATION OUT: writes the texts and their translations as C++, OUT/catalog_data.cpp and OUT/text_ids.h, as
 localization/catalog_data.h declares them, and names the texts that are not translated into all languages."""
-import itertools
 import struct
 import subprocess
 import sys
@@ -32,31 +31,22 @@ def literal(wording):
 
 
 def tables(catalog):
-    """The four tables: the pool; built-in rows (English, Czech); cells by column; rows by English wording."""
+    """The three tables: the pool; built-in rows (English, Czech); cells by column."""
     pool = Pool()
-    first = {}
-    for text in catalog.texts:
-        first.setdefault(text.en, text.id)
     built_in = [(pool.place(text.en), pool.place(text.cs)) for text in catalog.texts]
     cells = [[pool.place(catalog.cell(column, text)) for text in catalog.texts] for column in catalog.columns]
-    by_english = sorted(first.values(), key=lambda row: catalog.texts[row].en.lower())
-    return pool, built_in, cells, by_english
+    return pool, built_in, cells
 
 
 def images(catalog):
     """The tables as the bytes that they are in the program, by their names."""
-    pool, built_in, cells, by_english = tables(catalog)
-    return {"kPool": bytes(pool.bytes), "kBuiltIn": pack("I", itertools.chain(*built_in)),
-            "kCells": pack("I", itertools.chain(*cells)), "kByEnglish": pack("H", by_english)}
-
-
-def pack(kind, numbers):
-    numbers = list(numbers)
-    return struct.pack(f"<{len(numbers)}{kind}", *numbers)
+    pool, built_in, cells = tables(catalog)
+    return {"kPool": bytes(pool.bytes)} | {
+        name: b"".join(struct.pack(f"<{len(row)}I", *row) for row in rows) for name, rows in (("kBuiltIn", built_in), ("kCells", cells))}
 
 
 def data_source(catalog):
-    pool, built_in, cells, by_english = tables(catalog)
+    pool, built_in, cells = tables(catalog)
     lines = ["// Written by tools/texts/compile.py.", '#include "localization/catalog_data.h"', "",
              "namespace velquin::catalog_data {", "", "const char kPool[] ="]
     lines += [f"    {literal(wording)}" for wording in pool.places]
@@ -64,9 +54,7 @@ def data_source(catalog):
     lines += [f"    {{{english}, {czech}}}," for english, czech in built_in]
     lines += ["};", "const std::uint32_t kCells[kColumnCount][kTextCount] = {"]
     lines += [f"    {{{', '.join(map(str, column))}}}," for column in cells]
-    lines += ["};", f"const std::uint16_t kByEnglish[] = {{{', '.join(map(str, by_english))}}};",
-              f"const std::size_t kWordingCount = {len(by_english)};", "", "}  // namespace velquin::catalog_data", ""]
-    return "\n".join(lines)
+    return "\n".join([*lines, "};", "", "}  // namespace velquin::catalog_data", ""])
 
 
 def names_source(catalog):
@@ -103,14 +91,14 @@ def ranges(ids):
 
 
 def check_syntax(path):
-    """polib reads over much of what is wrong in a file; gettext's own compiler does not."""
+    """polib reads over much of what is wrong in a file; gettext's own compiler does not, and its warnings count, too."""
     try:
         run = subprocess.run(["msgfmt", "--check", "--output-file=/dev/null", path.name], cwd=path.parent,
                              capture_output=True, text=True)
     except OSError as error:
         raise BadTexts(f"msgfmt: {error}") from error
-    if run.returncode:
-        raise BadTexts(run.stderr.strip())
+    if run.returncode or run.stderr:
+        raise BadTexts(run.stderr.strip() or f"{path.name}: msgfmt ended with {run.returncode}")
 
 
 def main(localization, out):

@@ -21,7 +21,7 @@ How it was translated: not yet.
 No native speaker has reviewed it yet.
 
 """
-# What the file says of itself; msgfmt --check wants the first seven to be there.
+# What the file says of itself; msgfmt --check wants most of it.
 METADATA = {
     "Project-Id-Version": "Lumora Velquin",
     "PO-Revision-Date": "2026-11-21 12:00+0000",
