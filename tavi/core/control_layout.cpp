@@ -1,0 +1,211 @@
+// The layout half of a control: when its children are placed again, and what that sets off. Where they go is layout.h.
+#include <algorithm>
+
+#include "tavi/core/control.h"
+#include "tavi/core/layout_report.h"
+#include "tavi/core/overlap.h"
+
+namespace tavi {
+namespace {
+
+// One layout is everything that one outermost change of bounds sets off on this thread. Hooks may change bounds again,
+// of any control; that each control's hook is called only so often in one layout is what ends it.
+class LayoutScope {
+public:
+    LayoutScope() {
+        if (depth_++ == 0) {
+            ++number_;
+        }
+    }
+    LayoutScope(const LayoutScope&) = delete;
+    LayoutScope& operator=(const LayoutScope&) = delete;
+    ~LayoutScope() { --depth_; }
+
+    static uint64_t number() { return number_; }
+
+private:
+    static thread_local int depth_;
+    static thread_local uint64_t number_;
+};
+thread_local int LayoutScope::depth_ = 0;
+thread_local uint64_t LayoutScope::number_ = 0;
+
+}  // namespace
+
+void Control::setBounds(const Rect& bounds) {
+    if (bounds == bounds_) {
+        return;
+    }
+    const LayoutScope scope;
+    const WeakControl self(*this);
+    requestRepaint(kRepaintGeometry);
+    bounds_ = bounds;
+    layoutBase_ = bounds;
+    layoutCaptured_ = false;
+    if (afterBoundsChanged()) {
+        layoutParent();
+    }
+    if (self) {
+        tellWindow();
+    }
+    if (self) {
+        requestRepaint(kRepaintGeometry);
+    }
+}
+
+// The hook, then the children. A hook that changes its own control's bounds is called again when it returns, not inside
+// itself. False when the control is gone.
+bool Control::afterBoundsChanged() {
+    const WeakControl self(*this);
+    if (layoutNumber_ != LayoutScope::number()) {
+        layoutNumber_ = LayoutScope::number();
+        boundsRounds_ = 0;
+    }
+    boundsChangedAgain_ = true;
+    if (!inBoundsChanged_) {
+        inBoundsChanged_ = true;
+        while (boundsChangedAgain_ && boundsRounds_ < kLayoutRounds) {
+            boundsChangedAgain_ = false;
+            ++boundsRounds_;
+            boundsChanged();
+            if (!self) {
+                return false;
+            }
+        }
+        inBoundsChanged_ = false;
+        if (boundsChangedAgain_ && window_ != nullptr && window_->diagnostics()) {
+            window_->writeDiagnostic(reportUnsettled(id_, bounds_));
+        }
+    }
+    layout();
+    return static_cast<bool>(self);
+}
+
+void Control::layout() {
+    if (inLayout_) {
+        layoutAgain_ = true;
+        return;
+    }
+    if (children_.empty()) {
+        layoutChildren();
+        return;
+    }
+    const LayoutScope scope;
+    const WeakControl self(*this);
+    inLayout_ = true;
+    for (int round = 0; round < kLayoutRounds; ++round) {
+        layoutAgain_ = false;
+        layoutChildren();
+        if (!self) {
+            return;
+        }
+        if (!layoutAgain_) {
+            break;
+        }
+    }
+    inLayout_ = false;
+}
+
+void Control::layoutChildren() {
+    if (children_.empty()) {
+        return;
+    }
+    const WeakControl self(*this);
+    const Rect area = localBounds();
+    const std::vector<Rect> contour = contours(ContourKind::Content);
+    // By position: a hook may add or remove children, and then another pass follows.
+    for (size_t i = 0; i < children_.size(); ++i) {
+        if (children_[i]) {
+            children_[i]->place(area, contour);
+        }
+        if (!self) {
+            return;
+        }
+    }
+    if (window_ != nullptr && window_->diagnostics()) {
+        reportOverlaps();
+    }
+}
+
+void Control::applyParentLayout(const Rect& parentArea) {
+    place(parentArea, {});
+}
+
+void Control::place(const Rect& parentArea, const std::vector<Rect>& contour) {
+    if (parentArea.empty()) {
+        return;
+    }
+    if (!layoutCaptured_ || !designParentSize_.positive()) {
+        layoutBase_ = bounds_;
+        designParentSize_ = captureDesignParent(layoutBase_, parentArea.size());
+        layoutCaptured_ = true;
+    }
+    const LayoutResult result = placeControl({.base = layoutBase_,
+                                              .designParent = designParentSize_,
+                                              .anchors = anchors_,
+                                              .constraints = constraints_ ? &*constraints_ : nullptr,
+                                              .minimum = minimumSize(),
+                                              .parentArea = parentArea});
+    const bool diagnostics = window_ != nullptr && window_->diagnostics();
+    if (diagnostics) {
+        reportPlacing(parentArea, result);
+    }
+    Rect bounds = result.bounds;
+    if (!contour.empty()) {
+        const Size minimum = minimumSize();
+        const ContourFit fit = fitIntoContour(bounds, minimum, contour);
+        if (diagnostics && (fit.bounds != bounds || fit.minimumCannotFit.any())) {
+            window_->writeDiagnostic(
+                reportContourFit({.parent = parent_ != nullptr ? parent_->id_ : std::wstring_view(),
+                                  .control = id_,
+                                  .parentArea = parentArea,
+                                  .before = bounds,
+                                  .after = fit.bounds,
+                                  .minimumCannotFit = fit.minimumCannotFit}));
+        }
+        bounds = fit.bounds;
+    }
+    if (bounds == bounds_) {
+        return;
+    }
+    const LayoutScope scope;
+    const WeakControl self(*this);
+    requestRepaint(kRepaintGeometry);
+    bounds_ = bounds;
+    if (afterBoundsChanged()) {
+        tellWindow();
+    }
+    if (self) {
+        requestRepaint(kRepaintGeometry);
+    }
+}
+
+void Control::reportPlacing(const Rect& parentArea, const LayoutResult& result) const {
+    if (result.clamped.any()) {
+        window_->writeDiagnostic(reportClamp(id_, parentArea, minimumSize(), anchors_, result));
+    }
+    if (result.fitted.any()) {
+        window_->writeDiagnostic(reportFit(id_, parentArea, result));
+    }
+}
+
+// Only what is seen can lie on each other; what lies on nothing by itself is left out by its empty rectangle.
+void Control::reportOverlaps() const {
+    std::vector<Rect> rects;
+    for (const auto& child : children_) {
+        rects.push_back(child && child->visible_ && !child->collapsed_ ? child->bounds_ : Rect{});
+    }
+    for (const auto& [first, second] : overlappingPairs(rects)) {
+        const Control& one = *children_[first];
+        const Control& other = *children_[second];
+        if (!one.overlapAllowed_ && !other.overlapAllowed_) {
+            window_->writeDiagnostic(reportOverlap({.parent = id_,
+                                                    .first = one.id_,
+                                                    .firstBounds = one.bounds_,
+                                                    .second = other.id_,
+                                                    .secondBounds = other.bounds_}));
+        }
+    }
+}
+
+}  // namespace tavi

@@ -1,0 +1,91 @@
+#include "tavi/core/signal.h"
+
+namespace tavi {
+
+void SignalConnectionState::disconnect() {
+    if (SignalBase* const signal = std::exchange(signal_, nullptr)) {
+        signal->disconnected(*this);
+    }
+}
+
+SignalBase::~SignalBase() {
+    for (Emission* emission = emission_; emission != nullptr; emission = emission->outer_) {
+        emission->signal_ = nullptr;
+    }
+    // One by one, not as a chain: destroying one may not destroy all others in its destructor.
+    while (first_) {
+        const std::shared_ptr<SignalConnectionState> state = std::move(first_);
+        first_ = std::move(state->next_);
+        state->signal_ = nullptr;
+    }
+}
+
+void SignalBase::append(std::shared_ptr<SignalConnectionState> state) {
+    SignalConnectionState* const added = state.get();
+    added->signal_ = this;
+    added->previous_ = last_;
+    (last_ != nullptr ? last_->next_ : first_) = std::move(state);
+    last_ = added;
+}
+
+void SignalBase::disconnected(SignalConnectionState& state) {
+    // A running emission walks along the links, so it leaves them as they are until it ends.
+    if (emission_ != nullptr) {
+        hasDisconnected_ = true;
+    } else {
+        unlink(state);
+    }
+}
+
+void SignalBase::unlink(SignalConnectionState& state) {
+    std::shared_ptr<SignalConnectionState>& link = state.previous_ != nullptr ? state.previous_->next_ : first_;
+    const std::shared_ptr<SignalConnectionState> removed = std::move(link);
+    link = std::move(removed->next_);
+    (link ? link->previous_ : last_) = removed->previous_;
+    // `removed` is destroyed last: its callback's own members may disconnect others or destroy this signal.
+}
+
+void SignalBase::unlinkDisconnected() {
+    hasDisconnected_ = false;
+    // Kept until the list is in order again, for the same reason.
+    std::shared_ptr<SignalConnectionState> removed;
+    for (SignalConnectionState* state = first_.get(); state != nullptr;) {
+        SignalConnectionState* const next = state->next_.get();
+        if (!state->connected()) {
+            std::shared_ptr<SignalConnectionState> keep = state->shared_from_this();
+            unlink(*state);
+            keep->next_ = std::move(removed);
+            removed = std::move(keep);
+        }
+        state = next;
+    }
+    while (removed) {
+        removed = std::move(removed->next_);
+    }
+}
+
+SignalBase::Emission::Emission(SignalBase& signal) : signal_(&signal), outer_(signal.emission_), last_(signal.last_) {
+    signal.emission_ = this;
+}
+
+SignalBase::Emission::~Emission() {
+    if (signal_ == nullptr) {
+        return;
+    }
+    signal_->emission_ = outer_;
+    if (outer_ == nullptr && signal_->hasDisconnected_) {
+        signal_->unlinkDisconnected();
+    }
+}
+
+SignalConnectionState* SignalBase::Emission::next() {
+    while (signal_ != nullptr && last_ != nullptr && current_.get() != last_) {
+        current_ = current_ ? current_->next_ : signal_->first_;
+        if (current_->connected()) {
+            return current_.get();
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace tavi
