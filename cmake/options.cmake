@@ -7,7 +7,10 @@ if(WIN32)
   # Windows 10 is the oldest system that the program supports.
   target_compile_definitions(velquin_options INTERFACE
     UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0A00 WINVER=0x0A00)
-  target_compile_options(velquin_options INTERFACE -ffunction-sections -fdata-sections -fstack-protector-strong)
+  # Nothing here asks for types at run time, and with C++23 the comparison of type_info that std::make_shared brings is
+  # defined both in our objects and in the cross compiler's libstdc++, which its linker refuses.
+  target_compile_options(velquin_options INTERFACE
+    -ffunction-sections -fdata-sections -fstack-protector-strong $<$<COMPILE_LANGUAGE:CXX>:-fno-rtti>)
   # Reproducible: the same sources give the same bytes, so no time stamp.
   target_link_options(velquin_options INTERFACE -static -Wl,--gc-sections -Wl,--no-insert-timestamp)
   # For programs with a wide entry (wmain, wWinMain).

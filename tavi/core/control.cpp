@@ -35,6 +35,14 @@ Control::~Control() {
     }
 }
 
+bool Control::isWithin(const Control& other) const {
+    const Control* each = this;
+    while (each != nullptr && each != &other) {
+        each = each->parent_;
+    }
+    return each != nullptr;
+}
+
 std::vector<Control*> Control::childPointers() const {
     std::vector<Control*> pointers;
     for (const auto& child : children_) {

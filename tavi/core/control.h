@@ -48,6 +48,8 @@ public:
     const std::wstring& id() const { return id_; }
     Control* parent() const { return parent_; }
     WindowHost* window() const { return window_; }
+    // Whether it is `other` or below it.
+    bool isWithin(const Control& other) const;
     virtual const ChildList& children() const { return children_; }
     virtual std::vector<Control*> childPointers() const;
     Control* addChild(std::unique_ptr<Control> child);

@@ -12,14 +12,14 @@ namespace tavi {
 // Relative placing, axis by axis; it goes before the anchors. Lengths count from the parent's origin, of its width for
 // left, right and centerX, of its height for the others. A negative width or height counts as 0.
 struct Constraints {
-    std::optional<RelativeLength> left;
-    std::optional<RelativeLength> right;
-    std::optional<RelativeLength> top;
-    std::optional<RelativeLength> bottom;
-    std::optional<RelativeLength> centerX;
-    std::optional<RelativeLength> centerY;
-    std::optional<int32_t> width;
-    std::optional<int32_t> height;
+    std::optional<RelativeLength> left = {};
+    std::optional<RelativeLength> right = {};
+    std::optional<RelativeLength> top = {};
+    std::optional<RelativeLength> bottom = {};
+    std::optional<RelativeLength> centerX = {};
+    std::optional<RelativeLength> centerY = {};
+    std::optional<int32_t> width = {};
+    std::optional<int32_t> height = {};
 
     bool operator==(const Constraints&) const = default;
 };

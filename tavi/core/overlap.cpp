@@ -16,7 +16,8 @@ std::vector<std::pair<size_t, size_t>> overlappingPairs(const std::vector<Rect>&
     // A sweep from left to right: what begins beyond a rectangle's right edge cannot overlap it.
     for (size_t i = 0; i < byLeft.size(); ++i) {
         const Rect& rect = rects[byLeft[i]];
-        for (size_t j = i + 1; j < byLeft.size() && rects[byLeft[j]].x < rect.right(); ++j) {
+        const int64_t right = int64_t{rect.x} + rect.width;
+        for (size_t j = i + 1; j < byLeft.size() && rects[byLeft[j]].x < right; ++j) {
             if (!intersection(rect, rects[byLeft[j]]).empty()) {
                 pairs.push_back(std::minmax(byLeft[i], byLeft[j]));
             }

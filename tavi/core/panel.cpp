@@ -152,11 +152,8 @@ bool Panel::lies(Control& child, Point point) {
 
 // Whether the focus is on the child or below it.
 bool Panel::holdsFocus(Control& child, Point /*point*/) {
-    const Control* each = window() != nullptr ? window()->focused() : nullptr;
-    while (each != nullptr && each != &child) {
-        each = each->parent();
-    }
-    return each != nullptr;
+    const Control* const focused = window() != nullptr ? window()->focused() : nullptr;
+    return focused != nullptr && focused->isWithin(child);
 }
 
 // Offers the event to the visible children that `accepts`, in their own coordinates, the last painted first, until one

@@ -46,25 +46,22 @@ Rect Scale::device(const Rect& design) const {
 }
 
 Point Scale::design(Point device) const {
-    // The last design pixel whose first device pixel is not beyond this one; within the client area at most its last.
+    // The last design pixel whose first device pixel is not beyond this one; of the client area exactly within it.
     const auto find = [&](int32_t value, int32_t designEnd, int32_t deviceEnd) {
         int64_t at = divideDown(int64_t{value} * kDesignDpi, dpi_) + 1;
         while (scaled(at, dpi_, kDesignDpi) > value) {
             --at;
         }
-        return saturate(value < deviceEnd ? std::min<int64_t>(at, designEnd - 1) : at);
+        return saturate(value < deviceEnd ? std::min<int64_t>(at, designEnd - 1) : std::max<int64_t>(at, designEnd));
     };
     return {find(device.x, designClient_.width, deviceClient_.width),
             find(device.y, designClient_.height, deviceClient_.height)};
 }
 
 Size Scale::design(Size device) const {
+    // scaled(at) reaches a value where at * dpi / 96 reaches half a pixel below it.
     const auto cover = [&](int32_t value) {
-        int64_t at = divideDown(int64_t{value} * kDesignDpi, dpi_);
-        while (scaled(at, dpi_, kDesignDpi) < value) {
-            ++at;
-        }
-        return saturate(at);
+        return saturate(-divideDown(-(int64_t{value} * 2 - 1) * kDesignDpi, int64_t{dpi_} * 2));
     };
     return {cover(device.width), cover(device.height)};
 }

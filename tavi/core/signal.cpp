@@ -9,14 +9,27 @@ void SignalConnectionState::disconnect() {
 }
 
 SignalBase::~SignalBase() {
+    // All of them first: what a callback holds may disconnect others when it is released.
+    for (SignalConnectionState* state = first_.get(); state != nullptr; state = state->next_.get()) {
+        state->signal_ = nullptr;
+    }
+    Emission* outermost = nullptr;
     for (Emission* emission = emission_; emission != nullptr; emission = emission->outer_) {
         emission->signal_ = nullptr;
+        outermost = emission;
     }
-    // One by one, not as a chain: destroying one may not destroy all others in its destructor.
-    while (first_) {
-        const std::shared_ptr<SignalConnectionState> state = std::move(first_);
-        first_ = std::move(state->next_);
-        state->signal_ = nullptr;
+    if (outermost != nullptr) {
+        outermost->orphans_ = std::move(first_);
+    } else {
+        releaseAll(std::move(first_));
+    }
+}
+
+// One by one, not as a chain: destroying one may not destroy all others in its destructor.
+void SignalBase::releaseAll(std::shared_ptr<SignalConnectionState> list) {
+    while (list) {
+        list->release();
+        list = std::move(list->next_);
     }
 }
 
@@ -33,16 +46,17 @@ void SignalBase::disconnected(SignalConnectionState& state) {
     if (emission_ != nullptr) {
         hasDisconnected_ = true;
     } else {
-        unlink(state);
+        // The last thing here: what the callback holds may disconnect others or destroy this signal.
+        unlink(state)->release();
     }
 }
 
-void SignalBase::unlink(SignalConnectionState& state) {
+std::shared_ptr<SignalConnectionState> SignalBase::unlink(SignalConnectionState& state) {
     std::shared_ptr<SignalConnectionState>& link = state.previous_ != nullptr ? state.previous_->next_ : first_;
-    const std::shared_ptr<SignalConnectionState> removed = std::move(link);
+    std::shared_ptr<SignalConnectionState> removed = std::move(link);
     link = std::move(removed->next_);
     (link ? link->previous_ : last_) = removed->previous_;
-    // `removed` is destroyed last: its callback's own members may disconnect others or destroy this signal.
+    return removed;
 }
 
 void SignalBase::unlinkDisconnected() {
@@ -52,16 +66,13 @@ void SignalBase::unlinkDisconnected() {
     for (SignalConnectionState* state = first_.get(); state != nullptr;) {
         SignalConnectionState* const next = state->next_.get();
         if (!state->connected()) {
-            std::shared_ptr<SignalConnectionState> keep = state->shared_from_this();
-            unlink(*state);
+            std::shared_ptr<SignalConnectionState> keep = unlink(*state);
             keep->next_ = std::move(removed);
             removed = std::move(keep);
         }
         state = next;
     }
-    while (removed) {
-        removed = std::move(removed->next_);
-    }
+    releaseAll(std::move(removed));
 }
 
 SignalBase::Emission::Emission(SignalBase& signal) : signal_(&signal), outer_(signal.emission_), last_(signal.last_) {
@@ -70,6 +81,7 @@ SignalBase::Emission::Emission(SignalBase& signal) : signal_(&signal), outer_(si
 
 SignalBase::Emission::~Emission() {
     if (signal_ == nullptr) {
+        releaseAll(std::move(orphans_));
         return;
     }
     signal_->emission_ = outer_;

@@ -8,6 +8,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <type_traits>
 #include <utility>
 
@@ -16,7 +17,7 @@ namespace tavi {
 class SignalBase;
 
 // What a signal and a connection's handle share.
-class SignalConnectionState : public std::enable_shared_from_this<SignalConnectionState> {
+class SignalConnectionState {
 public:
     SignalConnectionState(const SignalConnectionState&) = delete;
     SignalConnectionState& operator=(const SignalConnectionState&) = delete;
@@ -30,6 +31,9 @@ protected:
 
 private:
     friend class SignalBase;
+    // Destroys the callback; handles may keep the rest for long.
+    virtual void release() = 0;
+
     SignalBase* signal_ = nullptr;  // null once disconnected, or when the signal is gone
     SignalConnectionState* previous_ = nullptr;
     std::shared_ptr<SignalConnectionState> next_;
@@ -102,13 +106,16 @@ protected:
         Emission* outer_;
         std::shared_ptr<SignalConnectionState> current_;
         SignalConnectionState* last_;
+        // The list of a signal that was destroyed meanwhile: its callbacks may still be running.
+        std::shared_ptr<SignalConnectionState> orphans_;
     };
 
 private:
     friend class SignalConnectionState;
     void disconnected(SignalConnectionState& state);
-    void unlink(SignalConnectionState& state);
+    std::shared_ptr<SignalConnectionState> unlink(SignalConnectionState& state);
     void unlinkDisconnected();
+    static void releaseAll(std::shared_ptr<SignalConnectionState> list);
 
     std::shared_ptr<SignalConnectionState> first_;
     SignalConnectionState* last_ = nullptr;
@@ -144,8 +151,13 @@ private:
     template <typename Callback>
     struct Attached final : Listener {
         explicit Attached(Callback callable) : callback(std::move(callable)) {}
-        void call(Event& event) override { callback(event); }
-        Callback callback;
+        void call(Event& event) override {
+            if (callback) {
+                (*callback)(event);
+            }
+        }
+        void release() override { callback.reset(); }
+        std::optional<Callback> callback;
     };
 };
 

@@ -1,0 +1,159 @@
+#include "tavi/core/pointer_policy.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tavi {
+namespace {
+
+uint32_t bitOf(PointerButton button) {
+    return 1U << static_cast<unsigned>(button);
+}
+
+bool holds(const std::vector<WeakControl>& path, const Control* control) {
+    return std::ranges::any_of(path, [&](const WeakControl& each) { return each.get() == control; });
+}
+
+}  // namespace
+
+Control* controlAt(Control& root, Point point) {
+    if (!root.visible() || !root.hitTest(point - root.bounds().position())) {
+        return nullptr;
+    }
+    const Point local = point - root.bounds().position();
+    const Control::ChildList& children = root.children();
+    for (size_t i = children.size(); i-- > 0;) {
+        if (children[i] && !children[i]->transparentToPointer()) {
+            if (Control* const found = controlAt(*children[i], local)) {
+                return found;
+            }
+        }
+    }
+    return &root;
+}
+
+std::vector<WeakControl> PointerPolicy::pathUnderPointer() const {
+    Control* innermost = inside_ ? controlAt(root_, position_) : nullptr;
+    if (owner_) {
+        // Nothing else lights up while a drag passes over it.
+        const bool over = owner_->hitTest(position_ - owner_->clientOrigin());
+        innermost = over ? owner_.get() : nullptr;
+    }
+    std::vector<WeakControl> path;
+    for (Control* each = innermost; each != nullptr; each = each->parent()) {
+        path.emplace_back(each);
+    }
+    std::ranges::reverse(path);
+    return path;
+}
+
+void PointerPolicy::hover() {
+    const std::vector<WeakControl> before = std::exchange(hoverPath_, pathUnderPointer());
+    const std::vector<WeakControl> now = hoverPath_;
+    for (size_t i = before.size(); i-- > 0;) {
+        if (before[i] && !holds(now, before[i].get())) {
+            before[i]->pointerLeft();
+        }
+    }
+    for (const WeakControl& each : now) {
+        if (each && !holds(before, each.get()) && holds(hoverPath_, each.get()) && each->usable()) {
+            each->pointerEntered();
+        }
+    }
+}
+
+// To the control that has captured the pointer, in its coordinates, else into the tree.
+template <typename Event>
+bool PointerPolicy::deliver(Event& event, bool (InputTarget::*handler)(Event&)) {
+    if (!owner_) {
+        return (root_.*handler)(event);
+    }
+    Event translated = event;
+    translated.position = event.position - owner_->clientOrigin();
+    return (owner_.get()->*handler)(translated);
+}
+
+bool PointerPolicy::move(PointerEvent& event) {
+    position_ = event.position;
+    inside_ = true;
+    hover();
+    return deliver(event, &InputTarget::pointerMove);
+}
+
+bool PointerPolicy::press(PointerEvent& event) {
+    position_ = event.position;
+    inside_ = true;
+    hover();
+    buttonsDown_ |= bitOf(event.button);
+    return deliver(event, &InputTarget::pointerPress);
+}
+
+bool PointerPolicy::release(PointerEvent& event) {
+    position_ = event.position;
+    buttonsDown_ &= ~bitOf(event.button);
+    const bool handled = deliver(event, &InputTarget::pointerRelease);
+    if (buttonsDown_ == 0) {
+        releaseCapture();
+    }
+    return handled;
+}
+
+bool PointerPolicy::wheel(WheelEvent& event) {
+    return deliver(event, &InputTarget::pointerWheel);
+}
+
+void PointerPolicy::leave() {
+    inside_ = false;
+    hover();
+}
+
+void PointerPolicy::cancelOwner() {
+    const WeakControl owner = std::exchange(owner_, WeakControl());
+    if (owner) {
+        owner->inputCancelled();
+    }
+}
+
+void PointerPolicy::lose() {
+    buttonsDown_ = 0;
+    if (std::exchange(grabbing_, false)) {
+        cancelOwner();
+        hover();
+    }
+}
+
+void PointerPolicy::capture(Control& control) {
+    // Without a button nothing would end it: the press may have been cancelled while it was handled.
+    if (owner_.get() == &control || buttonsDown_ == 0 || !control.isWithin(root_)) {
+        return;
+    }
+    const WeakControl wanted(control);
+    cancelOwner();
+    owner_ = wanted;
+    if (owner_ && !std::exchange(grabbing_, true)) {
+        platform_.grabPointer(true);
+    }
+}
+
+void PointerPolicy::releaseCapture() {
+    owner_.set(nullptr);
+    if (std::exchange(grabbing_, false)) {
+        platform_.grabPointer(false);
+        hover();
+    }
+}
+
+void PointerPolicy::forget(const Control& control) {
+    if (owner_ && owner_->isWithin(control)) {
+        cancelOwner();
+    }
+    for (size_t i = hoverPath_.size(); i-- > 0;) {
+        if (i < hoverPath_.size() && hoverPath_[i] && hoverPath_[i]->isWithin(control)) {
+            const WeakControl left = hoverPath_[i];
+            hoverPath_.resize(i);
+            left->pointerLeft();
+        }
+    }
+}
+
+}  // namespace tavi

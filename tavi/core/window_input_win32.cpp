@@ -1,0 +1,142 @@
+// Mouse, keyboard, focus and the clipboard of a window.
+#include <windows.h>
+#include <windowsx.h>
+
+#include <cwchar>
+
+#include "tavi/core/window_native.h"
+
+namespace tavi {
+namespace {
+
+bool held(int virtualKey) {
+    return GetKeyState(virtualKey) < 0;
+}
+
+uint32_t heldModifiers() {
+    return (held(VK_SHIFT) ? kShift : kNoModifier) | (held(VK_CONTROL) ? kControlKey : kNoModifier) |
+           (held(VK_MENU) ? kAlt : kNoModifier);
+}
+
+}  // namespace
+
+WindowNative::Answer WindowNative::onPointer(const Message& message) {
+    if (!tracksLeave_) {
+        TRACKMOUSEEVENT track{sizeof(track), TME_LEAVE, handle_, 0};
+        tracksLeave_ = TrackMouseEvent(&track) != FALSE;
+    }
+    const PointerMessage translated = translatePointer(message.number, message.wParam, message.lParam, held(VK_MENU));
+    switch (translated.action) {
+        case PointerAction::Move:
+            tree_->pointerMove(translated.event);
+            break;
+        case PointerAction::Press:
+            tree_->pointerPress(translated.event);
+            break;
+        case PointerAction::Release:
+            tree_->pointerRelease(translated.event);
+            break;
+    }
+    return 0;
+}
+
+WindowNative::Answer WindowNative::onWheel(const Message& message) {
+    const Point onScreen = pointOf(message.lParam);
+    POINT point{onScreen.x, onScreen.y};
+    ScreenToClient(handle_, &point);
+    tree_->pointerWheel(translateWheel(message.number, message.wParam, {point.x, point.y}, held(VK_MENU)));
+    return 0;
+}
+
+WindowNative::Answer WindowNative::onPointerLeave(const Message& /*message*/) {
+    tracksLeave_ = false;
+    tree_->pointerLeave();
+    return 0;
+}
+
+WindowNative::Answer WindowNative::onCaptureChanged(const Message& message) {
+    if (reinterpret_cast<HWND>(message.lParam) != handle_) {
+        tree_->pointerLost();
+    }
+    return 0;
+}
+
+WindowNative::Answer WindowNative::onCancelMode(const Message& /*message*/) {
+    tree_->pointerLost();
+    return std::nullopt;
+}
+
+void WindowNative::grabPointer(bool grab) {
+    if (grab) {
+        SetCapture(handle_);
+    } else if (GetCapture() == handle_) {
+        ReleaseCapture();
+    }
+}
+
+// Windows has made the character of a key before it sends the key, so the one of a key that was handled is dropped
+// here.
+WindowNative::Answer WindowNative::onKey(const Message& message) {
+    const KeyEvent event = translateKey(message.wParam, message.lParam, heldModifiers());
+    if (message.number == WM_KEYUP || message.number == WM_SYSKEYUP) {
+        return tree_->keyRelease(event) ? Answer(0) : std::nullopt;
+    }
+    swallowsCharacter_ = false;
+    const bool handled = tree_->keyPress(event);
+    swallowsCharacter_ = handled;
+    return handled ? Answer(0) : std::nullopt;
+}
+
+WindowNative::Answer WindowNative::onCharacter(const Message& message) {
+    if (!swallowsCharacter_) {
+        const std::wstring text = assembler_.add(message.wParam);
+        if (!text.empty()) {
+            tree_->textInput({text});
+        }
+    }
+    return 0;
+}
+
+WindowNative::Answer WindowNative::onEditCommand(const Message& message) {
+    const std::optional<EditCommand> command = translateEditCommand(message.number);
+    return command && tree_->editCommand(*command) ? 1 : 0;
+}
+
+WindowNative::Answer WindowNative::onFocus(const Message& message) {
+    tree_->activated(message.number == WM_SETFOCUS);
+    return 0;
+}
+
+WindowNative::Answer WindowNative::onActivate(const Message& message) {
+    // Windows takes the focus back only to the window that had it last, which may be another one of the thread.
+    if (LOWORD(message.wParam) != WA_INACTIVE && !IsIconic(handle_)) {
+        SetFocus(handle_);
+    }
+    return 0;
+}
+
+void WindowNative::takeKeyboard() {
+    if (handle_ != nullptr && GetActiveWindow() == handle_) {
+        SetFocus(handle_);
+    }
+}
+
+void WindowNative::copyText(const std::wstring& text) {
+    const size_t bytes = (text.size() + 1) * sizeof(wchar_t);
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
+    if (memory == nullptr) {
+        return;
+    }
+    std::wmemcpy(static_cast<wchar_t*>(GlobalLock(memory)), text.c_str(), text.size() + 1);
+    GlobalUnlock(memory);
+    bool given = false;
+    if (OpenClipboard(handle_)) {
+        given = EmptyClipboard() && SetClipboardData(CF_UNICODETEXT, memory) != nullptr;
+        CloseClipboard();
+    }
+    if (!given) {
+        GlobalFree(memory);
+    }
+}
+
+}  // namespace tavi

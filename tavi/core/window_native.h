@@ -1,0 +1,159 @@
+// The Win32 half of a window, behind Window. Its methods are spread over files by job: window_win32 (life and
+// dispatch), window_input_win32, window_sizing_win32, window_paint_win32, window_ime_win32.
+//
+// Held by a shared pointer: the window procedure keeps it for as long as it runs, so what a callback destroys is the
+// Window, and this only when the last message is done.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "tavi/core/back_buffer.h"
+#include "tavi/core/message_translation.h"
+#include "tavi/core/sizing.h"
+#include "tavi/core/tooltip_host.h"
+#include "tavi/core/window.h"
+#include "tavi/core/window_tree.h"
+
+namespace tavi {
+
+// One message's parameters; the types are those of Windows by their width.
+struct Message {
+    uint32_t number = 0;
+    uintptr_t wParam = 0;
+    intptr_t lParam = 0;
+};
+
+class WindowNative final : public WindowPlatform, public std::enable_shared_from_this<WindowNative> {
+public:
+    WindowNative(Window& window, HINSTANCE instance);
+    WindowNative(const WindowNative&) = delete;
+    WindowNative& operator=(const WindowNative&) = delete;
+    ~WindowNative() = default;
+
+    HWND handle() const { return handle_; }
+    WindowTree& tree() { return *tree_; }
+    bool create(const WindowOptions& options);
+    // The Window is being destroyed.
+    void abandon();
+    // Destroys the Win32 window; the owner that a modal loop has disabled is enabled before.
+    void destroy();
+    bool onOwnThread() const;
+    void post(std::function<void()> function);
+    void setTitle(const std::wstring& title);
+    void setEscapeCloses(bool closes) { escapeCloses_ = closes; }
+    void setSink(std::function<void(const std::wstring&)> sink) { sink_ = std::move(sink); }
+    // Disables the owner until `destroy`. Nothing without one, or when it is disabled already.
+    void disableOwner();
+
+    void setMinimumClientSize(Size size);
+    Size effectiveMinimumClientSize();
+    void setDefaultClientSize(Size size) { defaultClient_ = size; }
+    void resetToDefaultSize();
+    void centerOn(HWND other);
+    Window::PaintCounts paintCounts() const { return paintCounts_; }
+
+    // WindowPlatform
+    void schedulePaint(const Rect& area) override;
+    void fill(HDC target, const Rect& area, uint32_t color) override;
+    void drawOverlay(HDC target, const std::vector<OverlayItem>& items) override;
+    void pushClip(HDC target, const Rect& area) override;
+    void popClip(HDC target) override;
+    void grabPointer(bool grab) override;
+    void takeKeyboard() override;
+    void setTimer(WindowTimer timer, int32_t milliseconds) override;
+    void showTooltip(const std::wstring& text, const Rect& anchor) override;
+    void hideTooltip() override;
+    void copyText(const std::wstring& text) override;
+    void writeDiagnostic(const std::wstring& line) override;
+    void cancelRequested() override;
+
+private:
+    friend struct WindowProcedure;
+    // A handler answers the message, or leaves it to Windows with nothing.
+    using Answer = std::optional<intptr_t>;
+    using Handler = Answer (WindowNative::*)(const Message&);
+    struct Route {
+        uint32_t message;
+        Handler handler;
+    };
+    static const std::vector<Route>& routes();
+    intptr_t dispatch(const Message& message);
+    intptr_t leaveToWindows(const Message& message);
+
+    // Life.
+    Answer onClose(const Message& message);
+    Answer onDestroy(const Message& message);
+    Answer onPosted(const Message& message);
+    Answer onTimer(const Message& message);
+    Answer onEnvironment(const Message& message);
+    // Input.
+    Answer onPointer(const Message& message);
+    Answer onWheel(const Message& message);
+    Answer onPointerLeave(const Message& message);
+    Answer onCaptureChanged(const Message& message);
+    Answer onCancelMode(const Message& message);
+    Answer onKey(const Message& message);
+    Answer onCharacter(const Message& message);
+    Answer onEditCommand(const Message& message);
+    Answer onFocus(const Message& message);
+    Answer onActivate(const Message& message);
+    // Input methods.
+    Answer onCompositionStart(const Message& message);
+    Answer onComposition(const Message& message);
+    Answer onCompositionEnd(const Message& message);
+    // Sizes.
+    Answer onSize(const Message& message);
+    Answer onSizing(const Message& message);
+    Answer onMinMax(const Message& message);
+    Answer onDpiChanged(const Message& message);
+    Answer onCalcSize(const Message& message);
+    Answer onHitTest(const Message& message);
+    // Painting.
+    Answer onPaint(const Message& message);
+    Answer onPrintClient(const Message& message);
+    Answer onEraseBackground(const Message& message);
+    Answer onFramePaint(const Message& message);
+    Answer onFrameActivate(const Message& message);
+
+    void updateClient();
+    Size windowSize(Size client, int32_t dpi) const;
+    Rect workArea() const;
+    Rect windowRect() const;
+    void move(const Rect& window);
+    std::wstring describeSizes();
+    void placeOnTestDesktop(const Rect& intended);
+
+    Window* window_;  // null once it is gone
+    HINSTANCE instance_;
+    HWND handle_ = nullptr;
+    std::shared_ptr<WindowTree> tree_;
+    uint32_t style_ = 0;
+    uint32_t extendedStyle_ = 0;
+    bool customChrome_ = false;
+    bool escapeCloses_ = false;
+    HWND disabledOwner_ = nullptr;
+
+    int32_t dpi_ = kDesignDpi;
+    Size requestedClient_;
+    Size minimumClient_;
+    Size defaultClient_;
+
+    bool tracksLeave_ = false;
+    bool swallowsCharacter_ = false;
+    TextAssembler assembler_;
+    TooltipHostWindow tooltip_;
+
+    BackBuffer buffer_;
+    ClipStack clips_;
+    Window::PaintCounts paintCounts_;
+
+    std::function<void(const std::wstring&)> sink_;
+    std::mutex postedLock_;
+    std::vector<std::function<void()>> posted_;
+};
+
+}  // namespace tavi

@@ -1,0 +1,206 @@
+// The size and place of a window, its scale, and its frame.
+#include <windows.h>
+
+#include "tavi/core/dpi.h"
+#include "tavi/core/window_native.h"
+
+namespace tavi {
+namespace {
+
+constexpr int32_t kResizeBorder = 6;  // design pixels
+
+Rect fromWindows(const RECT& rect) {
+    return rectBetween(rect.left, rect.top, rect.right, rect.bottom);
+}
+
+RECT toWindows(const Rect& rect) {
+    return {rect.x, rect.y, rect.right(), rect.bottom()};
+}
+
+MONITORINFO monitorOf(HWND window) {
+    MONITORINFO info{};
+    info.cbSize = sizeof(info);
+    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &info);
+    return info;
+}
+
+}  // namespace
+
+Rect WindowNative::workArea() const {
+    return fromWindows(monitorOf(handle_).rcWork);
+}
+
+Rect WindowNative::windowRect() const {
+    RECT rect{};
+    GetWindowRect(handle_, &rect);
+    return fromWindows(rect);
+}
+
+void WindowNative::move(const Rect& window) {
+    SetWindowPos(handle_, nullptr, window.x, window.y, window.width, window.height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// The window around a client area in design pixels.
+Size WindowNative::windowSize(Size client, int32_t dpi) const {
+    const Size device = Scale(dpi).device(client);
+    return customChrome_ ? device : windowSizeFor(device, style_, extendedStyle_, dpi);
+}
+
+Size WindowNative::effectiveMinimumClientSize() {
+    return larger(minimumClient_, tree_->root().minimumContentSizeHint());
+}
+
+void WindowNative::setMinimumClientSize(Size size) {
+    minimumClient_ = larger(size, {});
+    if (handle_ != nullptr && !IsIconic(handle_) && !IsZoomed(handle_)) {
+        const Rect now = windowRect();
+        const Rect fitted =
+            fitWindowRectToMinimumAndWorkArea(now, windowSize(effectiveMinimumClientSize(), dpi_), workArea());
+        if (fitted.size() != now.size()) {
+            move(fitted);
+        }
+    }
+}
+
+void WindowNative::updateClient() {
+    RECT client{};
+    if (handle_ != nullptr && !IsIconic(handle_) && GetClientRect(handle_, &client)) {
+        tree_->setClient({client.right, client.bottom}, dpi_);
+    }
+}
+
+WindowNative::Answer WindowNative::onSize(const Message& /*message*/) {
+    updateClient();
+    return 0;
+}
+
+// The fields that all lines about sizes share.
+std::wstring WindowNative::describeSizes() {
+    RECT client{};
+    GetClientRect(handle_, &client);
+    const Size minimum = effectiveMinimumClientSize();
+    return L" clientRect=" + describe(fromWindows(client)) + L" effectiveMinimumClientSize=" + describe(minimum) +
+           L" minimumWindowTrackSize=" + describe(windowSize(minimum, dpi_));
+}
+
+WindowNative::Answer WindowNative::onSizing(const Message& message) {
+    RECT& rect = *reinterpret_cast<RECT*>(message.lParam);
+    const int edge = static_cast<int>(message.wParam);
+    const Rect before = fromWindows(rect);
+    const Rect after = constrainSizingRect(before, edge, windowSize(effectiveMinimumClientSize(), dpi_), workArea());
+    rect = toWindows(after);
+    if (tree_->diagnostics()) {
+        writeDiagnostic(L"[Tavi diagnostic] WM_SIZING edge=" + describeSizingEdge(edge) + L" rectBefore=" +
+                        describe(before) + L" rectAfter=" + describe(after) + describeSizes());
+    }
+    return TRUE;
+}
+
+WindowNative::Answer WindowNative::onMinMax(const Message& message) {
+    MINMAXINFO& info = *reinterpret_cast<MINMAXINFO*>(message.lParam);
+    const MONITORINFO monitor = monitorOf(handle_);
+    const Rect work = fromWindows(monitor.rcWork);
+    const Size minimum = windowSize(effectiveMinimumClientSize(), dpi_);
+    // The work area wins: what is larger could not be reached with the mouse.
+    info.ptMinTrackSize = {std::min(minimum.width, work.width), std::min(minimum.height, work.height)};
+    info.ptMaxTrackSize = {work.width, work.height};
+    if (customChrome_) {
+        // Windows would cover the task bar with a window that has no caption.
+        info.ptMaxSize = {work.width, work.height};
+        info.ptMaxPosition = {work.x - monitor.rcMonitor.left, work.y - monitor.rcMonitor.top};
+    } else {
+        // A maximised frame hangs over the edges by its own width.
+        info.ptMaxTrackSize.x = std::max(info.ptMaxTrackSize.x, info.ptMaxSize.x);
+        info.ptMaxTrackSize.y = std::max(info.ptMaxTrackSize.y, info.ptMaxSize.y);
+    }
+    if (tree_->diagnostics()) {
+        const auto point = [](const POINT& at) { return describe(Point{at.x, at.y}); };
+        writeDiagnostic(L"[Tavi diagnostic] WM_GETMINMAXINFO" + describeSizes() + L" minTrack=" +
+                        point(info.ptMinTrackSize) + L" maxTrack=" + point(info.ptMaxTrackSize) + L" maxSize=" +
+                        point(info.ptMaxSize) + L" maxPosition=" + point(info.ptMaxPosition));
+    }
+    return 0;
+}
+
+// Keeps the client size in design pixels at the place that Windows suggests.
+WindowNative::Answer WindowNative::onDpiChanged(const Message& message) {
+    const Size client = tree_->scale().designClient();
+    const int32_t before = dpi_;
+    const Rect suggested = fromWindows(*reinterpret_cast<const RECT*>(message.lParam));
+    dpi_ = HIWORD(message.wParam);
+    const bool ownSize = !IsZoomed(handle_) && !IsIconic(handle_);
+    const Size size = ownSize ? windowSize(client, dpi_) : suggested.size();
+    const RECT target = toWindows(suggested);
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof(monitor);
+    GetMonitorInfoW(MonitorFromRect(&target, MONITOR_DEFAULTTONEAREST), &monitor);
+    const Rect placed{suggested.x, suggested.y, size.width, size.height};
+    const Rect applied = ownSize ? fitWindowRectToMinimumAndWorkArea(placed, {}, fromWindows(monitor.rcWork)) : placed;
+    if (tree_->diagnostics()) {
+        writeDiagnostic(L"[Tavi diagnostic] WM_DPICHANGED dpi=" + std::to_wstring(before) + L"->" +
+                        std::to_wstring(dpi_) + L" before=" + describe(windowRect()) + L" suggested=" +
+                        describe(suggested) + L" applied=" + describe(applied));
+    }
+    move(applied);
+    // Where the size in device pixels happens to stay the same no WM_SIZE follows.
+    updateClient();
+    return 0;
+}
+
+void WindowNative::resetToDefaultSize() {
+    if (handle_ == nullptr) {
+        return;
+    }
+    if (IsIconic(handle_) || IsZoomed(handle_)) {
+        ShowWindow(handle_, SW_RESTORE);
+    }
+    const Size client = defaultClient_.positive() ? defaultClient_ : requestedClient_;
+    const Size target = windowSize(client, dpi_);
+    const Rect before = windowRect();
+    const Rect desired = fitWindowRectToMinimumAndWorkArea({before.x, before.y, target.width, target.height},
+                                                           windowSize(effectiveMinimumClientSize(), dpi_), workArea());
+    if (tree_->diagnostics()) {
+        RECT clientRect{};
+        GetClientRect(handle_, &clientRect);
+        writeDiagnostic(L"[Tavi diagnostic] Window::resetToDefaultSize currentWindow=" + describe(before) +
+                        L" clientRect=" + describe(fromWindows(clientRect)) + L" defaultClientSize=" +
+                        describe(client) + L" explicitMinimumClientSize=" + describe(minimumClient_) +
+                        L" targetWindowSize=" + describe(target) + L" workArea=" + describe(workArea()) +
+                        L" desiredWindow=" + describe(desired));
+    }
+    move(desired);
+}
+
+void WindowNative::centerOn(HWND other) {
+    RECT rect{};
+    const bool found = other != nullptr && GetWindowRect(other, &rect);
+    move(centered(windowRect().size(), found ? fromWindows(rect) : workArea(), workArea()));
+}
+
+WindowNative::Answer WindowNative::onCalcSize(const Message& /*message*/) {
+    // For both forms of the message, the one at creation as well: all of the window is client area.
+    return customChrome_ ? Answer(0) : std::nullopt;
+}
+
+WindowNative::Answer WindowNative::onHitTest(const Message& message) {
+    const Point onScreen = pointOf(message.lParam);
+    const Rect window = windowRect();
+    intptr_t hit = 0;
+    if (customChrome_) {
+        const bool sizable = (style_ & WS_THICKFRAME) != 0 && !IsZoomed(handle_);
+        hit = static_cast<intptr_t>(
+            hitTestFrame(onScreen - window.position(), window.size(), sizable ? Scale(dpi_).length(kResizeBorder) : 0));
+    } else {
+        hit = leaveToWindows(message);
+    }
+    if (tree_->diagnostics()) {
+        POINT client{onScreen.x, onScreen.y};
+        ScreenToClient(handle_, &client);
+        writeDiagnostic(L"[Tavi diagnostic] WM_NCHITTEST hit=" + describeHitCode(static_cast<int>(hit)) +
+                        L" cursorScreen=" + describe(onScreen) + L" cursorClient=" +
+                        describe(Point{client.x, client.y}) + describeSizes());
+    }
+    return hit;
+}
+
+}  // namespace tavi

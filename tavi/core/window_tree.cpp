@@ -1,0 +1,260 @@
+#include "tavi/core/window_tree.h"
+
+namespace tavi {
+namespace {
+
+void releaseTreeCaches(Control& control) {
+    control.releaseCaches();
+    for (const Control::ChildList* list : {&control.children(), &control.auxiliary()}) {
+        for (const auto& each : *list) {
+            if (each) {
+                releaseTreeCaches(*each);
+            }
+        }
+    }
+}
+
+}  // namespace
+
+WindowTree::WindowTree(Key, WindowPlatform& platform)
+    : platform_(platform), root_(L"root"), pointer_(root_, platform), focus_(root_, platform), tooltip_(platform) {
+    root_.setWindow(this);
+}
+
+std::shared_ptr<WindowTree> WindowTree::create(WindowPlatform& platform) {
+    return std::make_shared<WindowTree>(Key{}, platform);
+}
+
+void WindowTree::close() {
+    const std::shared_ptr<WindowTree> keep = shared_from_this();
+    if (!closed_) {
+        tooltip_.hover(nullptr);
+        closed_ = true;
+        root_.setWindow(nullptr);
+    }
+}
+
+// Every entry for an event: nothing once the window is going, and afterwards focus, hover and tooltip follow what the
+// tree has become.
+template <typename Action>
+bool WindowTree::enter(const Action& action) {
+    const std::shared_ptr<WindowTree> keep = shared_from_this();
+    if (closed_) {
+        return false;
+    }
+    const bool handled = action();
+    settle();
+    return handled;
+}
+
+void WindowTree::settle() {
+    if (closed_) {
+        return;
+    }
+    // Hooks may change the tree again; what they do then is looked at with the next event.
+    if (changed_) {
+        changed_ = false;
+        focus_.refresh();
+        pointer_.refresh();
+    }
+    if (!closed_) {
+        tooltip_.hover(pointer_.hovered());
+    }
+}
+
+void WindowTree::setBackground(uint32_t color) {
+    if (background_ != color) {
+        background_ = color;
+        repaintAll();
+    }
+}
+
+void WindowTree::setClient(Size device, int32_t dpi) {
+    enter([&] {
+        const int32_t dpiBefore = scale_.dpi();
+        scale_ = Scale(dpi, device);
+        const Size design = scale_.designClient();
+        root_.setBounds({0, 0, design.width, design.height});
+        repaintAll();
+        if (scale_.dpi() != dpiBefore) {
+            environmentChanged();
+        }
+        return true;
+    });
+}
+
+void WindowTree::environmentChanged() {
+    enter([&] {
+        releaseTreeCaches(root_);
+        root_.notifyTree();
+        repaintAll();
+        return true;
+    });
+}
+
+bool WindowTree::pointerMove(PointerEvent event) {
+    return enter([&] {
+        const Point before = pointer_.position();
+        event.position = scale_.design(event.position);
+        const bool handled = pointer_.move(event);
+        if (overlay_.on && pointer_.position() != before) {
+            repaintAll();
+        }
+        return handled;
+    });
+}
+
+bool WindowTree::pointerPress(PointerEvent event) {
+    return enter([&] {
+        tooltip_.dismiss();
+        event.position = scale_.design(event.position);
+        // The nearest that takes the focus gets it before it learns of the press.
+        Control* target = controlAt(root_, event.position);
+        while (target != nullptr && !focusable(*target)) {
+            target = target->parent();
+        }
+        if (target != nullptr) {
+            focus_.set(target);
+        }
+        return !closed_ && pointer_.press(event);
+    });
+}
+
+bool WindowTree::pointerRelease(PointerEvent event) {
+    return enter([&] {
+        event.position = scale_.design(event.position);
+        return pointer_.release(event);
+    });
+}
+
+bool WindowTree::pointerWheel(WheelEvent event) {
+    return enter([&] {
+        tooltip_.dismiss();
+        event.position = scale_.design(event.position);
+        return pointer_.wheel(event);
+    });
+}
+
+void WindowTree::pointerLeave() {
+    enter([&] {
+        pointer_.leave();
+        return true;
+    });
+}
+
+void WindowTree::pointerLost() {
+    enter([&] {
+        pointer_.lose();
+        return true;
+    });
+}
+
+bool WindowTree::keyPress(KeyEvent event) {
+    return enter([&] {
+        tooltip_.dismiss();
+        const OverlayAction action = pressOverlayKey(overlay_, event);
+        if (action == OverlayAction::Repaint) {
+            repaintAll();
+        } else if (action == OverlayAction::CopyContext) {
+            platform_.copyText(debugContext(pointer_.hovered(), pointer_.position()));
+        }
+        return action != OverlayAction::None || focus_.keyPress(event);
+    });
+}
+
+bool WindowTree::keyRelease(KeyEvent event) {
+    return enter([&] { return focus_.keyRelease(event); });
+}
+
+bool WindowTree::textInput(TextInputEvent event) {
+    return enter([&] { return focus_.textInput(event); });
+}
+
+bool WindowTree::compositionChanged(CompositionEvent event) {
+    return enter([&] { return focus_.compositionChanged(event); });
+}
+
+bool WindowTree::editCommand(EditCommand command) {
+    return enter([&] { return focus_.editCommand(command); });
+}
+
+std::optional<Rect> WindowTree::caretRectangle() const {
+    Control* const focused = focus_.focused();
+    const std::optional<Rect> caret = focused != nullptr ? focused->caretRectangle() : std::nullopt;
+    return caret ? std::optional(scale_.device(caret->offset(focused->clientOrigin()))) : std::nullopt;
+}
+
+void WindowTree::activated(bool active) {
+    enter([&] {
+        if (!active) {
+            tooltip_.dismiss();
+        }
+        focus_.windowActivated(active);
+        return true;
+    });
+}
+
+void WindowTree::timeOut(WindowTimer /*timer*/) {
+    enter([&] {
+        tooltip_.timeOut(scale_);
+        return true;
+    });
+}
+
+void WindowTree::repaintAll() {
+    repaint(root_.bounds(), kRepaintAppearance);
+}
+
+void WindowTree::repaint(const Rect& area, uint32_t /*reason*/) {
+    const Rect seen = intersection(area, root_.bounds());
+    if (!closed_ && dirty_.add(seen)) {
+        platform_.schedulePaint(scale_.device(seen));
+    }
+}
+
+void WindowTree::paint(HDC target) {
+    const std::shared_ptr<WindowTree> keep = shared_from_this();
+    settle();
+    for (const Rect& area : dirty_.take()) {
+        if (closed_) {
+            break;
+        }
+        paintArea_ = area;
+        pushClip(target, area);
+        platform_.fill(target, scale_.device(area), background_);
+        root_.paint(target, root_.bounds().position());
+        if (overlay_.on) {
+            platform_.drawOverlay(target, overlayPicture(root_, overlay_, pointer_.position(), pointer_.hovered()));
+        }
+        popClip(target);
+    }
+    paintArea_ = {};
+}
+
+void WindowTree::controlChanged(Control& /*control*/) {
+    changed_ = true;
+}
+
+void WindowTree::controlLeaves(Control& control) {
+    changed_ = true;
+    pointer_.forget(control);
+    focus_.forget(control);
+}
+
+void WindowTree::pushClip(HDC target, const Rect& area) {
+    platform_.pushClip(target, scale_.device(area));
+}
+
+void WindowTree::popClip(HDC target) {
+    platform_.popClip(target);
+}
+
+void WindowTree::writeDiagnostic(const std::wstring& line) {
+    // Layout runs again and again; one warning about the same thing is enough.
+    if (line.starts_with(L"[Tavi layout warning]") && !warned_.insert(line).second) {
+        return;
+    }
+    platform_.writeDiagnostic(line);
+}
+
+}  // namespace tavi
