@@ -5,28 +5,6 @@
 
 namespace tavi {
 
-void WeakControl::set(Control* control) {
-    if (control_ == control) {
-        return;
-    }
-    if (control_ != nullptr) {
-        (previous_ != nullptr ? previous_->next_ : control_->firstWeak_) = next_;
-        if (next_ != nullptr) {
-            next_->previous_ = previous_;
-        }
-    }
-    control_ = control;
-    previous_ = nullptr;
-    next_ = nullptr;
-    if (control != nullptr) {
-        next_ = control->firstWeak_;
-        if (next_ != nullptr) {
-            next_->previous_ = this;
-        }
-        control->firstWeak_ = this;
-    }
-}
-
 Control::Control(std::wstring id, const Rect& bounds) : id_(std::move(id)), bounds_(bounds), layoutBase_(bounds) {}
 
 Control::~Control() {
@@ -90,12 +68,19 @@ Control* Control::addAuxiliary(std::unique_ptr<Control> control) {
 }
 
 std::unique_ptr<Control> Control::release(ChildList& list, Control& control) {
-    const auto found = std::ranges::find(list, &control, &std::unique_ptr<Control>::get);
-    if (found == list.end()) {
+    const WeakControl self(*this);
+    const WeakControl leaving(control);
+    const auto find = [&] { return std::ranges::find(list, leaving.get(), &std::unique_ptr<Control>::get); };
+    if (window_ != nullptr && find() != list.end()) {
+        window_->controlLeaves(control);
+    }
+    // What the window has called may have taken it out itself.
+    if (!self || !leaving) {
         return nullptr;
     }
-    if (window_ != nullptr) {
-        window_->controlLeaves(control);
+    const auto found = find();
+    if (found == list.end()) {
+        return nullptr;
     }
     std::unique_ptr<Control> released = std::move(*found);
     list.erase(found);
@@ -134,11 +119,25 @@ void Control::setWindow(WindowHost* window) {
     const WeakControl self(*this);
     window_ = window;
     windowChanged();
-    for (const ChildList Control::* list : {&Control::children_, &Control::auxiliary_}) {
-        for (size_t i = 0; self && i < (this->*list).size(); ++i) {
-            if (Control* const each = (this->*list)[i].get()) {
-                each->setWindow(window_);
-            }
+    if (self) {
+        visitOwned(children_, auxiliary_, [&](Control& each) { each.setWindow(window_); });
+    }
+}
+
+// Calls `visit` for everything in both lists that is still there when its turn comes: hooks may change the lists.
+template <typename Visit>
+void Control::visitOwned(const ChildList& first, const ChildList& second, const Visit& visit) {
+    std::vector<WeakControl> owned;
+    owned.reserve(first.size() + second.size());
+    for (const ChildList* const list : {&first, &second}) {
+        for (const auto& each : *list) {
+            owned.emplace_back(each.get());
+        }
+    }
+    const WeakControl self(*this);
+    for (const WeakControl& each : owned) {
+        if (self && each && each->parent_ == this) {
+            visit(*each.get());
         }
     }
 }
@@ -366,12 +365,8 @@ void Control::notifyTree() {
         const Visitor callback = treeNotification_;
         callback(*this);
     }
-    for (const ChildList Control::* list : {&Control::auxiliary_, &Control::children_}) {
-        for (size_t i = 0; self && i < (this->*list).size(); ++i) {
-            if (Control* const each = (this->*list)[i].get()) {
-                each->notifyTree();
-            }
-        }
+    if (self) {
+        visitOwned(auxiliary_, children_, [](Control& each) { each.notifyTree(); });
     }
 }
 

@@ -180,6 +180,8 @@ private:
     bool afterBoundsChanged();
     bool adopt(ChildList& list, std::unique_ptr<Control> control);
     std::unique_ptr<Control> release(ChildList& list, Control& control);
+    template <typename Visit>
+    void visitOwned(const ChildList& first, const ChildList& second, const Visit& visit);
     void layoutParent();
     void tellWindow();
     void repaintIfParentsShown(uint32_t reason) const;

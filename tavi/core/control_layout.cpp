@@ -86,10 +86,6 @@ void Control::layout() {
         layoutAgain_ = true;
         return;
     }
-    if (children_.empty()) {
-        layoutChildren();
-        return;
-    }
     const LayoutScope scope;
     const WeakControl self(*this);
     inLayout_ = true;

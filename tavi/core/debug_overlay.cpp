@@ -34,7 +34,7 @@ constexpr KeyRow kKeys[] = {
 };
 
 std::wstring_view nameOf(const Control& control) {
-    return control.id().empty() ? L"(anonymous)" : control.id();
+    return control.id().empty() ? std::wstring_view(L"(anonymous)") : std::wstring_view(control.id());
 }
 
 std::wstring_view onOff(bool on) {

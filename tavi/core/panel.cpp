@@ -123,9 +123,10 @@ void Panel::paint(HDC target, Point origin) {
     if (paintHook_) {
         paintHook_(target, deviceRect(localBounds(), origin));
     }
+    const WeakControl self(*this);
     visibleChildren();
     // Painting is not the time to change the tree; who does it all the same ends this paint and asks for the next.
-    for (size_t i = 0; i < visibleChildren_.size() && !visibleChildrenDirty_; ++i) {
+    for (size_t i = 0; self && !visibleChildrenDirty_ && i < visibleChildren_.size(); ++i) {
         paintChild(*visibleChildren_[i], target, origin + visibleChildren_[i]->bounds().position());
     }
 }
@@ -137,11 +138,12 @@ void Panel::paintChild(Control& child, HDC target, Point origin) {
         return;
     }
     // A control may compute its contours while it paints, but layout must not depend on painting.
+    const WeakControl alive(child);
     const ContourLists contours = child.contours_;
     host->pushClip(target, area);
     child.paint(target, origin);
     host->popClip(target);
-    if (child.contours_ != contours) {
+    if (alive && child.contours_ != contours) {
         child.contours_ = contours;
     }
 }
@@ -172,8 +174,8 @@ bool Panel::route(Event& event, bool (InputTarget::*handler)(Event&), bool (Pane
     }
     const WeakControl self(*this);
     for (const WeakControl& child : candidates) {
-        // What was offered it before may have destroyed, moved or disabled it.
-        if (!child || child->parent() != this || !child->enabled()) {
+        // What was offered it before may have destroyed, moved, hidden or disabled it.
+        if (!child || child->parent() != this || !child->visible() || !child->enabled()) {
             continue;
         }
         Event translated = event;

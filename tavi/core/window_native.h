@@ -27,6 +27,11 @@ struct Message {
     intptr_t lParam = 0;
 };
 
+// Where a window lies on the screen; nothing when there is none.
+std::optional<Rect> windowRectOf(HWND window);
+// The work area of the monitor that the window is on; of the primary one for null.
+Rect workAreaOf(HWND window);
+
 class WindowNative final : public WindowPlatform, public std::enable_shared_from_this<WindowNative> {
 public:
     WindowNative(Window& window, HINSTANCE instance);

@@ -29,7 +29,8 @@ void frameWith(HDC target, const Rect& area, uint32_t color) {
 
 void WindowNative::schedulePaint(const Rect& area) {
     const RECT rect = toWindows(area);
-    if (handle_ != nullptr) {
+    // A window that is shown later is painted whole then.
+    if (handle_ != nullptr && IsWindowVisible(handle_)) {
         InvalidateRect(handle_, &rect, FALSE);
     }
 }

@@ -17,23 +17,36 @@ RECT toWindows(const Rect& rect) {
     return {rect.x, rect.y, rect.right(), rect.bottom()};
 }
 
-MONITORINFO monitorOf(HWND window) {
+MONITORINFO describeMonitor(HMONITOR monitor) {
     MONITORINFO info{};
     info.cbSize = sizeof(info);
-    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &info);
+    GetMonitorInfoW(monitor, &info);
     return info;
+}
+
+MONITORINFO monitorOf(HWND window) {
+    return describeMonitor(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST));
 }
 
 }  // namespace
 
+Rect workAreaOf(HWND window) {
+    return fromWindows(describeMonitor(MonitorFromWindow(window, window != nullptr ? MONITOR_DEFAULTTONEAREST
+                                                                                   : MONITOR_DEFAULTTOPRIMARY))
+                           .rcWork);
+}
+
+std::optional<Rect> windowRectOf(HWND window) {
+    RECT rect{};
+    return window != nullptr && GetWindowRect(window, &rect) ? std::optional(fromWindows(rect)) : std::nullopt;
+}
+
 Rect WindowNative::workArea() const {
-    return fromWindows(monitorOf(handle_).rcWork);
+    return workAreaOf(handle_);
 }
 
 Rect WindowNative::windowRect() const {
-    RECT rect{};
-    GetWindowRect(handle_, &rect);
-    return fromWindows(rect);
+    return windowRectOf(handle_).value_or(Rect{});
 }
 
 void WindowNative::move(const Rect& window) {
@@ -131,9 +144,7 @@ WindowNative::Answer WindowNative::onDpiChanged(const Message& message) {
     const bool ownSize = !IsZoomed(handle_) && !IsIconic(handle_);
     const Size size = ownSize ? windowSize(client, dpi_) : suggested.size();
     const RECT target = toWindows(suggested);
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof(monitor);
-    GetMonitorInfoW(MonitorFromRect(&target, MONITOR_DEFAULTTONEAREST), &monitor);
+    const MONITORINFO monitor = describeMonitor(MonitorFromRect(&target, MONITOR_DEFAULTTONEAREST));
     const Rect placed{suggested.x, suggested.y, size.width, size.height};
     const Rect applied = ownSize ? fitWindowRectToMinimumAndWorkArea(placed, {}, fromWindows(monitor.rcWork)) : placed;
     if (tree_->diagnostics()) {
@@ -142,6 +153,16 @@ WindowNative::Answer WindowNative::onDpiChanged(const Message& message) {
                         describe(suggested) + L" applied=" + describe(applied));
     }
     move(applied);
+    if (ownSize && applied.size() == size) {
+        // Frames do not always scale as Windows says; what counts is the client area.
+        RECT now{};
+        GetClientRect(handle_, &now);
+        const Size wanted = Scale(dpi_).device(client);
+        if (wanted != Size{now.right, now.bottom}) {
+            move({applied.x, applied.y, size.width + wanted.width - now.right,
+                  size.height + wanted.height - now.bottom});
+        }
+    }
     // Where the size in device pixels happens to stay the same no WM_SIZE follows.
     updateClient();
     return 0;
@@ -172,9 +193,7 @@ void WindowNative::resetToDefaultSize() {
 }
 
 void WindowNative::centerOn(HWND other) {
-    RECT rect{};
-    const bool found = other != nullptr && GetWindowRect(other, &rect);
-    move(centered(windowRect().size(), found ? fromWindows(rect) : workArea(), workArea()));
+    move(centered(windowRect().size(), windowRectOf(other).value_or(workArea()), workArea()));
 }
 
 WindowNative::Answer WindowNative::onCalcSize(const Message& /*message*/) {

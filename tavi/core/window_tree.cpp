@@ -138,6 +138,9 @@ bool WindowTree::pointerWheel(WheelEvent event) {
 void WindowTree::pointerLeave() {
     enter([&] {
         pointer_.leave();
+        if (overlay_.on) {
+            repaintAll();
+        }
         return true;
     });
 }

@@ -46,7 +46,8 @@ struct WindowProcedure {
         description.hInstance = instance;
         description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
         description.lpszClassName = kWindowClass;
-        return RegisterClassExW(&description) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
+        static const bool registered = RegisterClassExW(&description) != 0;
+        return registered;
     }
 };
 
@@ -141,37 +142,32 @@ bool WindowNative::create(const WindowOptions& options) {
         larger(defaultClient_.positive() ? defaultClient_ : kUsualClientSize, effectiveMinimumClientSize());
     requestedClient_ = {options.clientSize.width > 0 ? options.clientSize.width : usual.width,
                         options.clientSize.height > 0 ? options.clientSize.height : usual.height};
-    const auto size = [&] {
-        return larger(windowSize(requestedClient_, dpi_), windowSize(effectiveMinimumClientSize(), dpi_));
+    // In the middle of its owner, else of the monitor's work area, as large as its minimum at least.
+    const auto place = [&](const Rect& area) {
+        const Size size = larger(windowSize(requestedClient_, dpi_), windowSize(effectiveMinimumClientSize(), dpi_));
+        return centered(size, windowRectOf(options.owner).value_or(area), area);
     };
     const std::optional<TestDesktop> testDesktop = TestDesktop::requested();
-    const Point corner = testDesktop ? TestDesktop::kHiddenPlace : Point{};
-    const DWORD style = testDesktop ? TestDesktop::placingStyle(style_) : style_;
-    const HWND made = CreateWindowExW(extendedStyle_, kWindowClass, options.title.c_str(), style, corner.x, corner.y,
-                                      size().width, size().height, options.owner, nullptr, instance_, this);
+    const Rect expected = place(workAreaOf(options.owner));
+    const Point corner = testDesktop ? TestDesktop::kHiddenPlace : expected.position();
+    const HWND made = CreateWindowExW(extendedStyle_, kWindowClass, options.title.c_str(),
+                                      testDesktop ? TestDesktop::placingStyle(style_) : style_, corner.x, corner.y,
+                                      expected.width, expected.height, options.owner, nullptr, instance_, this);
     if (made == nullptr) {
         handle_ = nullptr;
         return false;
     }
-    // Only now is it known which monitor it is on.
+    // Only now is it known for certain which monitor it is on.
     dpi_ = dpiOfWindow(made);
-    const Rect around = [&] {
-        RECT owner{};
-        return options.owner != nullptr && GetWindowRect(options.owner, &owner)
-                   ? rectBetween(owner.left, owner.top, owner.right, owner.bottom)
-                   : workArea();
-    }();
-    const Rect intended = centered(size(), around, workArea());
+    const Rect intended = place(workAreaOf(testDesktop ? options.owner : made));
     if (testDesktop) {
         testDesktop->place(made);
         SetWindowLongPtrW(made, GWL_STYLE, static_cast<LONG_PTR>(style_));
         SetWindowPos(made, nullptr, intended.x, intended.y, intended.width, intended.height,
                      SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED | SWP_NOOWNERZORDER);
         ShowWindow(made, SW_HIDE);
-    } else {
-        // The frame is asked for anew: until now its messages came before the window knew that it has none.
-        SetWindowPos(made, nullptr, intended.x, intended.y, intended.width, intended.height,
-                     SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+    } else if (windowRectOf(made) != intended) {
+        move(intended);
     }
     updateClient();
     if (window_ != nullptr) {
