@@ -1,4 +1,4 @@
-// The few flat things that the examples draw. Rectangles are device pixels.
+// The colors and the text of the examples. Rectangles are device pixels.
 #pragma once
 
 #include <string>
@@ -20,8 +20,6 @@ inline constexpr Color kMuted = 0xB0A49C;
 
 enum class Align { Left, Center };
 
-void fillRect(HDC target, const tavi::Rect& area, Color color);
-void frameRect(HDC target, const tavi::Rect& area, Color color);
 // Wraps when it is aligned left; one line in the middle otherwise.
 void drawText(HDC target, const tavi::Rect& area, const tavi::Scale& scale, const std::wstring& text, Color color,
               Align align);

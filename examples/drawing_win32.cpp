@@ -1,29 +1,14 @@
 #include <windows.h>
 
 #include "examples/drawing.h"
+#include "tavi/core/drawing.h"
 
 namespace example {
 namespace {
 
 constexpr int32_t kFontHeight = 15;  // design pixels
 
-RECT toWindows(const tavi::Rect& rect) {
-    return {rect.x, rect.y, rect.right(), rect.bottom()};
-}
-
 }  // namespace
-
-void fillRect(HDC target, const tavi::Rect& area, Color color) {
-    const RECT rect = toWindows(area);
-    SetDCBrushColor(target, color);
-    FillRect(target, &rect, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-}
-
-void frameRect(HDC target, const tavi::Rect& area, Color color) {
-    const RECT rect = toWindows(area);
-    SetDCBrushColor(target, color);
-    FrameRect(target, &rect, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-}
 
 void drawText(HDC target, const tavi::Rect& area, const tavi::Scale& scale, const std::wstring& text, Color color,
               Align align) {
@@ -31,7 +16,7 @@ void drawText(HDC target, const tavi::Rect& area, const tavi::Scale& scale, cons
         CreateFontW(-scale.length(kFontHeight), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
                     OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY, DEFAULT_PITCH, L"Segoe UI");
     const HGDIOBJ before = SelectObject(target, font);
-    RECT rect = toWindows(area);
+    RECT rect = tavi::toWindows(area);
     SetBkMode(target, TRANSPARENT);
     SetTextColor(target, color);
     const UINT format =

@@ -2,6 +2,7 @@
 
 #include "examples/drawing.h"
 #include "examples/push_button.h"
+#include "tavi/core/drawing.h"
 
 namespace example {
 
@@ -15,9 +16,9 @@ void PushButton::paint(HDC target, tavi::Point origin) {
     const bool hot = window()->hovered() == this;
     const Color fill = !enabled() ? kPanel : down_ ? kAccentDark : hot ? kAccentLight : kAccent;
     const tavi::Rect area = deviceRect(localBounds(), origin);
-    fillRect(target, area, fill);
+    tavi::fillRect(target, area, fill);
     if (focused_) {
-        frameRect(target, deviceRect({3, 3, bounds().width - 6, bounds().height - 6}, origin), kText);
+        tavi::frameRect(target, deviceRect({3, 3, bounds().width - 6, bounds().height - 6}, origin), kText);
     }
     drawText(target, area, window()->scale(), text(), enabled() ? kText : kMuted, Align::Center);
 }

@@ -5,6 +5,7 @@
 #include "examples/drawing.h"
 #include "examples/push_button.h"
 #include "tavi/core/dialog_window.h"
+#include "tavi/core/drawing.h"
 #include "tavi/core/window_tree.h"
 
 namespace {
@@ -22,8 +23,8 @@ tavi::Panel* addCard(tavi::Panel& parent, const wchar_t* id, const tavi::Rect& b
     card->setPaintHook([card](HDC target, const tavi::Rect& area) {
         const tavi::Scale& scale = card->window()->scale();
         const int32_t margin = scale.length(12);
-        example::fillRect(target, area, example::kPanel);
-        example::frameRect(target, area, example::kLine);
+        tavi::fillRect(target, area, example::kPanel);
+        tavi::frameRect(target, area, example::kLine);
         example::drawText(target, {area.x + margin, area.y + margin, area.width - 2 * margin, area.height - 2 * margin},
                           scale, card->text(), example::kMuted, example::Align::Left);
     });

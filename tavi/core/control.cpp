@@ -21,6 +21,18 @@ bool Control::isWithin(const Control& other) const {
     return each != nullptr;
 }
 
+const Control::Details& Control::details() const {
+    static const Details kNone;
+    return details_ ? *details_ : kNone;
+}
+
+Control::Details& Control::ownDetails() {
+    if (!details_) {
+        details_ = std::make_unique<Details>();
+    }
+    return *details_;
+}
+
 std::vector<Control*> Control::childPointers() const {
     std::vector<Control*> pointers;
     for (const auto& child : children_) {
@@ -52,6 +64,9 @@ Control* Control::addChild(std::unique_ptr<Control> child) {
     }
     if (self) {
         layout();
+    }
+    if (added) {
+        added->tellWindow();
     }
     if (added) {
         added->requestRepaint(kRepaintGeometry);
@@ -94,8 +109,10 @@ std::unique_ptr<Control> Control::removeChild(Control& child) {
         child.requestRepaint(kRepaintGeometry);
     }
     std::unique_ptr<Control> released = release(children_, child);
-    if (released) {
+    if (released && self) {
         childrenChanged();
+    }
+    if (released) {
         released->setWindow(nullptr);
     }
     if (released && self) {
@@ -210,7 +227,6 @@ void Control::setEnabled(bool enabled) {
     if (enabled_ == enabled) {
         return;
     }
-    const WeakControl self(*this);
     enabled_ = enabled;
     requestRepaint(kRepaintAppearance);
     tellWindow();
@@ -245,19 +261,25 @@ void Control::setStyleId(int32_t styleId) {
 }
 
 void Control::setAppearance(Appearance appearance) {
-    if (appearance_ != appearance) {
-        appearance_ = std::move(appearance);
+    if (details().appearance != appearance) {
+        ownDetails().appearance = std::move(appearance);
         requestRepaint();
         appearanceChanged();
     }
 }
 
 void Control::setContours(ContourKind kind, std::vector<Rect> rects) {
-    std::vector<Rect>& list = contours_[static_cast<size_t>(kind)];
-    if (list != rects) {
-        list = std::move(rects);
+    if (details().contours[static_cast<size_t>(kind)] != rects) {
+        const WeakControl self(*this);
+        ownDetails().contours[static_cast<size_t>(kind)] = std::move(rects);
+        if (window_ != nullptr && !window_->paintArea().empty()) {
+            return;  // for this paint only, see Panel::paint
+        }
         requestRepaint();
         layout();
+        if (self) {
+            tellWindow();
+        }
     }
 }
 
@@ -333,8 +355,8 @@ void Control::restoreState(const ControlState& state, bool applyBounds) {
 }
 
 std::wstring Control::automationName() const {
-    if (!automationName_.empty()) {
-        return automationName_;
+    if (!details().automationName.empty()) {
+        return details().automationName;
     }
     std::wstring value;
     automationValue(value);
@@ -346,8 +368,9 @@ std::wstring Control::automationName() const {
 }
 
 std::vector<Rect> Control::contours(ContourKind kind) const {
-    const std::vector<Rect>& own = contours_[static_cast<size_t>(kind)];
-    const std::vector<Rect>& list = own.empty() ? contours_[static_cast<size_t>(ContourKind::Shape)] : own;
+    const ContourLists& lists = details().contours;
+    const std::vector<Rect>& own = lists[static_cast<size_t>(kind)];
+    const std::vector<Rect>& list = own.empty() ? lists[static_cast<size_t>(ContourKind::Shape)] : own;
     return list.size() >= 2 ? mergeRuns(list) : list;
 }
 
@@ -361,8 +384,8 @@ bool Control::hitTest(Point local) const {
 
 void Control::notifyTree() {
     const WeakControl self(*this);
-    if (treeNotification_) {
-        const Visitor callback = treeNotification_;
+    if (details().treeNotification) {
+        const Visitor callback = details().treeNotification;
         callback(*this);
     }
     if (self) {

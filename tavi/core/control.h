@@ -44,7 +44,8 @@ public:
     ~Control() override;
 
     // The tree. An id is unique among siblings and may be empty. Children are in the order of their adding, which is
-    // the order of painting and of the focus. A parent owns its children; parent and window are never owned.
+    // the order of painting and of the focus. A parent owns its children; parent and window are never owned. Any
+    // control may have children; Panel is the one that paints them and routes the pointer to them.
     const std::wstring& id() const { return id_; }
     Control* parent() const { return parent_; }
     WindowHost* window() const { return window_; }
@@ -57,7 +58,7 @@ public:
     Class* add(Arguments&&... arguments) {
         return static_cast<Class*>(addChild(std::make_unique<Class>(std::forward<Arguments>(arguments)...)));
     }
-    // Takes a child out of the tree; null when it is none of its children.
+    // Takes a child out of the tree; null when it is none of its children, or when a hook has taken it meanwhile.
     std::unique_ptr<Control> removeChild(Control& child);
     // Controls that it owns but does not lay out with its children: a list that drops down, a menu.
     const ChildList& auxiliary() const { return auxiliary_; }
@@ -87,7 +88,7 @@ public:
     // Places it inside an area of its parent's coordinates. An empty area changes nothing.
     void applyParentLayout(const Rect& parentArea);
     // Lays out its children now, once; a call from inside a pass runs another one after it. Hooks that keep changing
-    // bounds are cut off after a fixed number of rounds, see kLayoutRounds.
+    // bounds are cut off after a fixed number of rounds, see kLayoutRounds and kLayoutPasses.
     void layout();
     // Where its origin lies in the client area.
     Point clientOrigin() const;
@@ -99,6 +100,8 @@ public:
     void setVisible(bool visible);
     bool enabled() const { return enabled_; }
     void setEnabled(bool enabled);
+    // A collapsed control takes no room in its parent's minimum and no focus. Whether it is painted and hit is up to
+    // `visible`, as for any other.
     bool collapsed() const { return collapsed_; }
     void setCollapsed(bool collapsed);
     // Whether it is visible, or takes input, with all its parents.
@@ -108,11 +111,12 @@ public:
     void setText(std::wstring text);
     int32_t styleId() const { return styleId_; }
     void setStyleId(int32_t styleId);
-    const Appearance& appearance() const { return appearance_; }
+    const Appearance& appearance() const { return details().appearance; }
     void setAppearance(Appearance appearance);
-    const std::wstring& tooltip() const { return tooltip_; }
-    void setTooltip(std::wstring text) { tooltip_ = std::move(text); }
-    const ContourLists& contourLists() const { return contours_; }
+    const std::wstring& tooltip() const { return details().tooltip; }
+    void setTooltip(std::wstring text) { ownDetails().tooltip = std::move(text); }
+    const ContourLists& contourLists() const { return details().contours; }
+    // Inside of `paint` they count for that paint only.
     void setContours(ContourKind kind, std::vector<Rect> rects);
     virtual void captureState(ControlState& state) const;
     virtual void restoreState(const ControlState& state, bool applyBounds);
@@ -120,11 +124,11 @@ public:
     void requestRepaint(uint32_t reason = kRepaintAppearance) const;
 
     // UI Automation.
-    void setAutomationText(std::wstring text) { automationText_ = std::move(text); }
-    void setAutomationName(std::wstring name) { automationName_ = std::move(name); }
-    void setAutomationExtra(std::wstring text) { automationExtra_ = std::move(text); }
-    const std::wstring& automationExtra() const { return automationExtra_; }
-    virtual std::wstring automationText() const { return automationText_; }
+    void setAutomationText(std::wstring text) { ownDetails().automationText = std::move(text); }
+    void setAutomationName(std::wstring name) { ownDetails().automationName = std::move(name); }
+    void setAutomationExtra(std::wstring text) { ownDetails().automationExtra = std::move(text); }
+    const std::wstring& automationExtra() const { return details().automationExtra; }
+    virtual std::wstring automationText() const { return details().automationText; }
     // The value that a screen reader reads: a caption, a state.
     virtual void automationValue(std::wstring& value) const { value.clear(); }
     // The name given, else value and text, else the id.
@@ -158,7 +162,7 @@ public:
     // callback set with setTreeNotification, then the same for everything below. WM_DPICHANGED, WM_SETTINGCHANGE,
     // WM_SYSCOLORCHANGE, WM_FONTCHANGE.
     virtual void notifyTree();
-    void setTreeNotification(Visitor callback) { treeNotification_ = std::move(callback); }
+    void setTreeNotification(Visitor callback) { ownDetails().treeNotification = std::move(callback); }
 
 protected:
     // Places every child in the local bounds, inside the content contour where there is one. WM_SIZE.
@@ -172,6 +176,20 @@ protected:
     virtual void childrenChanged() {}
 
 private:
+    class LayoutScope;
+    // What most controls do not have. Apart, so that a pass over many controls reads less memory.
+    struct Details {
+        ContourLists contours;
+        std::wstring tooltip;
+        Appearance appearance;
+        std::wstring automationText;
+        std::wstring automationName;
+        std::wstring automationExtra;
+        Visitor treeNotification;
+    };
+    const Details& details() const;
+    Details& ownDetails();
+
     friend class WeakControl;
     friend class Panel;
     void place(const Rect& parentArea, const std::vector<Rect>& contour);
@@ -204,25 +222,21 @@ private:
     bool layoutAgain_ = false;
     bool inBoundsChanged_ = false;
     bool boundsChangedAgain_ = false;
-    uint8_t boundsRounds_ = 0;  // calls of boundsChanged in the layout numbered so:
+    uint8_t boundsRounds_ = 0;  // calls of boundsChanged,
+    uint8_t passes_ = 0;        // and passes over the children in the layout numbered so:
     uint64_t layoutNumber_ = 0;
     Control* parent_ = nullptr;
     WindowHost* window_ = nullptr;
     WeakControl* firstWeak_ = nullptr;
     ChildList children_;
     ChildList auxiliary_;
-    ContourLists contours_;
     std::wstring text_;
-    std::wstring tooltip_;
-    Appearance appearance_;
-    std::wstring automationText_;
-    std::wstring automationName_;
-    std::wstring automationExtra_;
-    Visitor treeNotification_;
+    std::unique_ptr<Details> details_;
 };
 
-// How often, within one layout, a control's boundsChanged is called and a pass over its children is repeated before the
-// last bounds are kept as they are.
+// How often, within one layout, a control's boundsChanged is called before its last bounds are kept as they are, and
+// how often its children are placed before they are once more at the very end.
 inline constexpr int kLayoutRounds = 8;
+inline constexpr int kLayoutPasses = 64;
 
 }  // namespace tavi

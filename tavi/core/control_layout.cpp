@@ -6,31 +6,62 @@
 #include "tavi/core/overlap.h"
 
 namespace tavi {
-namespace {
-
 // One layout is everything that one outermost change of bounds sets off on this thread. Hooks may change bounds again,
-// of any control; that each control's hook is called only so often in one layout is what ends it.
-class LayoutScope {
+// of any control: that a control's hook is called, and its children are placed, only so often in one layout is what
+// ends it.
+class Control::LayoutScope {
 public:
     LayoutScope() {
-        if (depth_++ == 0) {
-            ++number_;
+        if (outermost == nullptr) {
+            outermost = this;
+            ++number;
         }
     }
     LayoutScope(const LayoutScope&) = delete;
     LayoutScope& operator=(const LayoutScope&) = delete;
-    ~LayoutScope() { --depth_; }
+    ~LayoutScope() {
+        if (outermost == this) {
+            placeLast();
+            outermost = nullptr;
+        }
+    }
 
-    static uint64_t number() { return number_; }
+    // Starts the control's counts anew in a layout that it has not been part of.
+    static void enter(Control& control) {
+        if (control.layoutNumber_ != number) {
+            control.layoutNumber_ = number;
+            control.boundsRounds_ = 0;
+            control.passes_ = 0;
+        }
+    }
+    // Whether the control's children may be placed once more. If not, they are at the end of the layout.
+    static bool allowsPass(Control& control) {
+        if (control.passes_ == kLayoutPasses) {
+            outermost->postponed_.emplace_back(control);
+        }
+        if (control.passes_ <= kLayoutPasses) {
+            ++control.passes_;
+        }
+        return control.passes_ <= kLayoutPasses;
+    }
 
 private:
-    static thread_local int depth_;
-    static thread_local uint64_t number_;
-};
-thread_local int LayoutScope::depth_ = 0;
-thread_local uint64_t LayoutScope::number_ = 0;
+    static thread_local LayoutScope* outermost;
+    static thread_local uint64_t number;
 
-}  // namespace
+    void placeLast() {
+        for (size_t i = 0; i < postponed_.size(); ++i) {
+            if (Control* const control = postponed_[i].get()) {
+                control->layoutChildren();
+            }
+        }
+    }
+
+    std::vector<WeakControl> postponed_;
+};
+
+thread_local Control::LayoutScope* Control::LayoutScope::outermost = nullptr;
+thread_local uint64_t Control::LayoutScope::number = 0;
 
 void Control::setBounds(const Rect& bounds) {
     if (bounds == bounds_) {
@@ -57,10 +88,7 @@ void Control::setBounds(const Rect& bounds) {
 // itself. False when the control is gone.
 bool Control::afterBoundsChanged() {
     const WeakControl self(*this);
-    if (layoutNumber_ != LayoutScope::number()) {
-        layoutNumber_ = LayoutScope::number();
-        boundsRounds_ = 0;
-    }
+    LayoutScope::enter(*this);
     boundsChangedAgain_ = true;
     if (!inBoundsChanged_) {
         inBoundsChanged_ = true;
@@ -88,15 +116,14 @@ void Control::layout() {
     }
     const LayoutScope scope;
     const WeakControl self(*this);
+    LayoutScope::enter(*this);
     inLayout_ = true;
-    for (int round = 0; round < kLayoutRounds; ++round) {
+    layoutAgain_ = true;
+    while (layoutAgain_ && LayoutScope::allowsPass(*this)) {
         layoutAgain_ = false;
         layoutChildren();
         if (!self) {
             return;
-        }
-        if (!layoutAgain_) {
-            break;
         }
     }
     inLayout_ = false;
@@ -150,7 +177,7 @@ void Control::place(const Rect& parentArea, const std::vector<Rect>& contour) {
     if (!contour.empty()) {
         const Size minimum = minimumSize();
         const ContourFit fit = fitIntoContour(bounds, minimum, contour);
-        if (diagnostics && (fit.bounds != bounds || fit.minimumCannotFit.any())) {
+        if (diagnostics && fit.minimumCannotFit.any()) {
             window_->writeDiagnostic(
                 reportContourFit({.parent = parent_ != nullptr ? parent_->id_ : std::wstring_view(),
                                   .control = id_,

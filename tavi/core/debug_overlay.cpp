@@ -75,7 +75,7 @@ void addControl(Control& control, Point origin, const OverlayState& state, const
 }  // namespace
 
 OverlayAction pressOverlayKey(OverlayState& state, const KeyEvent& event) {
-    if (event.code != key::kF12) {
+    if (event.code != key::kF12 || event.wasDown) {
         return OverlayAction::None;
     }
     for (const KeyRow& row : kKeys) {
@@ -151,9 +151,10 @@ std::vector<OverlayItem> overlayPicture(Panel& root, const OverlayState& state, 
     }
     const Rect client = root.bounds();
     const std::wstring lines[] = {overlayStatusLine(state, cursor, hot), std::wstring(kHelpLine)};
-    int32_t y = client.bottom() - static_cast<int32_t>(std::size(lines)) * kLineHeight;
+    int64_t y = int64_t{client.bottom()} - static_cast<int64_t>(std::size(lines)) * kLineHeight;
     for (const std::wstring& line : lines) {
-        items.push_back({OverlayItem::Kind::Text, {client.x, y, client.width, kLineHeight}, kTextColor, line});
+        items.push_back(
+            {OverlayItem::Kind::Text, {client.x, saturate(y), client.width, kLineHeight}, kTextColor, line});
         y += kLineHeight;
     }
     return items;

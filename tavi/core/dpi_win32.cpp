@@ -13,16 +13,22 @@ base::SystemLibrary& user32() {
     return library;
 }
 
+// The reason why a call has failed; never 0, which would be success.
+uint32_t lastError() {
+    const DWORD error = GetLastError();
+    return error != 0 ? error : ERROR_GEN_FAILURE;
+}
+
 std::optional<uint32_t> setPerMonitor() {
     auto* const set = user32().function<decltype(SetProcessDpiAwarenessContext)>("SetProcessDpiAwarenessContext");
     if (set == nullptr) {
         return std::nullopt;
     }
-    return set(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2) ? 0 : GetLastError();
+    return set(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2) ? 0 : lastError();
 }
 
 uint32_t setSystem() {
-    return SetProcessDPIAware() ? 0 : GetLastError();
+    return SetProcessDPIAware() ? 0 : lastError();
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "tavi/core/focus_policy.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tavi {
 namespace {
@@ -68,42 +69,44 @@ bool FocusPolicy::set(Control* control) {
     if (control != nullptr && (!focusable(*control) || !control->isWithin(root_))) {
         return false;
     }
-    const WeakControl before = focused_;
     const WeakControl wanted(control);
+    if (focused_) {
+        focused_->requestRepaint();
+    }
     focused_.set(control);
-    if (before && active_) {
+    if (focused_) {
+        focused_->requestRepaint();
+    }
+    if (!active_ && control != nullptr) {
+        platform_.takeKeyboard();
+    }
+    tell();
+    // A hook may have set another focus, or destroyed this one.
+    return (control == nullptr || wanted) && focused_.get() == wanted.get();
+}
+
+// Tells the control that had the focus and the one that has it, each once, whatever their hooks do to the focus.
+void FocusPolicy::tell() {
+    const auto wanted = [&] { return active_ ? focused_.get() : nullptr; };
+    if (told_ && told_.get() != wanted()) {
+        const WeakControl before = std::exchange(told_, WeakControl());
         before->focusChanged(false);
     }
-    if (before) {
-        before->requestRepaint();
+    if (Control* const now = wanted(); now != nullptr && told_.get() != now) {
+        told_.set(now);
+        now->focusChanged(true);
     }
-    // A hook may have set another focus, or destroyed this one.
-    if (focused_.get() != control || (control != nullptr && !wanted)) {
-        return false;
-    }
-    if (control != nullptr) {
-        control->requestRepaint();
-        if (active_) {
-            control->focusChanged(true);
-        } else {
-            platform_.takeKeyboard();
-        }
-    }
-    return focused_.get() == wanted.get();
 }
 
 void FocusPolicy::windowActivated(bool active) {
-    if (active_ == active) {
-        return;
-    }
     active_ = active;
     if (active && !focused_) {
         focused_.set(nextFocus(root_, nullptr, true));
     }
     if (focused_) {
         focused_->requestRepaint();
-        focused_->focusChanged(active);
     }
+    tell();
 }
 
 bool FocusPolicy::keyPress(KeyEvent& event) {
@@ -129,13 +132,16 @@ bool FocusPolicy::act(const KeyEvent& event) {
         case key::kTab:
             return set(nextFocus(root_, focused_.get(), (event.modifiers & kShift) == 0));
         case key::kSpace:
-            // A held key does not press a button again and again.
-            return event.wasDown || activate(focused_.get());
+            // A held key does not press a button again and again, but it may be typing.
+            return !event.wasDown && activate(focused_.get());
         case key::kReturn:
-            return event.wasDown || activate(focused_.get()) || activate(default_.get());
+            return !event.wasDown && (activate(focused_.get()) || activate(default_.get()));
         case key::kEscape:
-            if (!event.wasDown && !activate(cancel_.get())) {
+            // A cancel control that is disabled means that there is no way out now.
+            if (!event.wasDown && !cancel_) {
                 platform_.cancelRequested();
+            } else if (!event.wasDown) {
+                activate(cancel_.get());
             }
             return true;
         default:
@@ -156,7 +162,9 @@ bool FocusPolicy::editCommand(EditCommand command) {
 }
 
 void FocusPolicy::refresh() {
-    if (focused_ && !focusable(*focused_.get())) {
+    if (focused_ && !focused_->isWithin(root_)) {
+        set(nullptr);
+    } else if (focused_ && !focusable(*focused_.get())) {
         set(nextFocus(root_, focused_.get(), true));
     }
 }
@@ -168,11 +176,7 @@ void FocusPolicy::forget(const Control& control) {
         }
     }
     if (focused_ && focused_->isWithin(control)) {
-        const WeakControl before = focused_;
-        focused_.set(nullptr);
-        if (active_) {
-            before->focusChanged(false);
-        }
+        set(nullptr);
     }
 }
 

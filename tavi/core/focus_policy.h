@@ -23,7 +23,8 @@ public:
     Control* focused() const { return focused_.get(); }
     // Null takes the focus from all. False when the control cannot have it, or a hook has moved it elsewhere meanwhile.
     bool set(Control* control);
-    // Return reaches this control when nothing that has the focus takes it; Escape the other. Not owned.
+    // Return reaches the default control when nothing that has the focus takes it. Escape reaches the cancel control
+    // and, only where there is none, the window: one that is disabled keeps a dialog open. Not owned.
     void setDefault(Control* control) { default_.set(control); }
     void setCancel(Control* control) { cancel_.set(control); }
     Control* defaultControl() const { return default_.get(); }
@@ -42,11 +43,13 @@ public:
 
 private:
     bool act(const KeyEvent& event);
+    void tell();
     static bool activate(Control* control);
 
     Panel& root_;
     WindowPlatform& platform_;
     WeakControl focused_;
+    WeakControl told_;  // that it has the focus
     WeakControl default_;
     WeakControl cancel_;
     bool active_ = false;

@@ -15,9 +15,15 @@ enum KeyModifier : uint32_t { kNoModifier = 0, kShift = 1, kControlKey = 2, kAlt
 
 enum class PointerButton : uint8_t { None, Left, Right, Middle, X1, X2 };
 
+// The flag of a button in a set of held ones.
+constexpr uint32_t heldFlag(PointerButton button) {
+    return 1U << static_cast<unsigned>(button);
+}
+
 struct PointerEvent {
     Point position;
     PointerButton button = PointerButton::None;  // the one that went down or up
+    uint32_t held = 0;                           // the buttons that are down now, as flags
     uint32_t modifiers = kNoModifier;
     int32_t clicks = 1;  // 2 for the second press of a double click
 };
@@ -47,7 +53,7 @@ struct KeyEvent {
 };
 
 // Characters as they were typed, whole code points (a surrogate pair where wchar_t has 16 bits), no control characters
-// but those of the keys Backspace, Tab, Return and Escape.
+// but those of the keys Backspace, Tab and Return.
 struct TextInputEvent {
     std::wstring text;
 };

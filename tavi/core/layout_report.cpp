@@ -58,16 +58,14 @@ std::wstring reportClamp(std::wstring_view control, const Rect& parentArea, Size
 }
 
 std::wstring reportContourFit(const ContourFitReport& fit) {
-    Line line(kDiagnostic, L"Control::layoutChildren contour-fit");
-    line.field(L"parent", fit.parent)
-        .field(L"control", fit.control)
-        .field(L"parentArea", fit.parentArea)
-        .field(L"beforeFit", fit.before)
-        .field(L"afterFit", fit.after);
-    if (fit.minimumCannotFit.any()) {
-        line.field(L"minimumCannotFit", axesName(fit.minimumCannotFit));
-    }
-    return std::move(line).text();
+    return std::move(Line(kDiagnostic, L"Control::layoutChildren contour-fit")
+                         .field(L"parent", fit.parent)
+                         .field(L"control", fit.control)
+                         .field(L"parentArea", fit.parentArea)
+                         .field(L"beforeFit", fit.before)
+                         .field(L"afterFit", fit.after)
+                         .field(L"minimumCannotFit", axesName(fit.minimumCannotFit)))
+        .text();
 }
 
 std::wstring reportOverlap(const OverlapReport& overlap) {

@@ -12,6 +12,7 @@ std::wstring reportFit(std::wstring_view control, const Rect& parentArea, const 
 std::wstring reportClamp(std::wstring_view control, const Rect& parentArea, Size minimum, uint32_t anchors,
                          const LayoutResult& result);
 
+// A child that cannot keep its minimum inside its parent's contour.
 struct ContourFitReport {
     std::wstring_view parent;
     std::wstring_view control;

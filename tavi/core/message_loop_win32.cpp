@@ -17,4 +17,8 @@ std::optional<int> pumpMessages(const std::function<bool()>& done) {
     return std::nullopt;
 }
 
+void wakeMessageLoop() {
+    PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
+}
+
 }  // namespace tavi

@@ -7,8 +7,13 @@
 namespace tavi {
 namespace {
 
-// Bits of the key state that a pointer message carries (MK_SHIFT, MK_CONTROL) and of a key message (the previous
+// Bits of the key state that a pointer message carries (MK_LBUTTON to MK_XBUTTON2) and of a key message (the previous
 // state).
+constexpr std::pair<uintptr_t, PointerButton> kHeldButtons[] = {{0x0001, PointerButton::Left},
+                                                                {0x0002, PointerButton::Right},
+                                                                {0x0010, PointerButton::Middle},
+                                                                {0x0020, PointerButton::X1},
+                                                                {0x0040, PointerButton::X2}};
 constexpr uintptr_t kShiftHeld = 0x0004;
 constexpr uintptr_t kControlHeld = 0x0008;
 constexpr intptr_t kWasDown = intptr_t{1} << 30;
@@ -61,6 +66,9 @@ PointerMessage translatePointer(uint32_t message, uintptr_t wParam, intptr_t lPa
     PointerMessage translated;
     translated.event.position = pointOf(lParam);
     translated.event.modifiers = modifiersOf(wParam, alt);
+    for (const auto& [bit, button] : kHeldButtons) {
+        translated.event.held |= wParam & bit ? heldFlag(button) : 0;
+    }
     if (row != std::end(kPointerRows)) {
         translated.action = row->action;
         translated.event.button =

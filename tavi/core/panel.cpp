@@ -120,14 +120,23 @@ const std::vector<Control*>& Panel::visibleChildren() {
 }
 
 void Panel::paint(HDC target, Point origin) {
-    if (paintHook_) {
-        paintHook_(target, deviceRect(localBounds(), origin));
-    }
     const WeakControl self(*this);
-    visibleChildren();
-    // Painting is not the time to change the tree; who does it all the same ends this paint and asks for the next.
-    for (size_t i = 0; self && !visibleChildrenDirty_ && i < visibleChildren_.size(); ++i) {
+    if (paintHook_) {
+        const PaintHook hook = paintHook_;
+        hook(target, deviceRect(localBounds(), origin));
+    }
+    if (self) {
+        visibleChildren();
+    }
+    for (size_t i = 0; self && i < visibleChildren_.size(); ++i) {
         paintChild(*visibleChildren_[i], target, origin + visibleChildren_[i]->bounds().position());
+        // Painting is not the time to change the tree; who does it all the same ends this paint and has the next.
+        if (self && visibleChildrenDirty_) {
+            if (window() != nullptr) {
+                window()->repaint(window()->paintArea(), kRepaintAppearance);
+            }
+            return;
+        }
     }
 }
 
@@ -139,12 +148,12 @@ void Panel::paintChild(Control& child, HDC target, Point origin) {
     }
     // A control may compute its contours while it paints, but layout must not depend on painting.
     const WeakControl alive(child);
-    const ContourLists contours = child.contours_;
+    const ContourLists contours = child.contourLists();
     host->pushClip(target, area);
     child.paint(target, origin);
     host->popClip(target);
-    if (alive && child.contours_ != contours) {
-        child.contours_ = contours;
+    if (alive && child.contourLists() != contours) {
+        child.ownDetails().contours = contours;
     }
 }
 
@@ -152,10 +161,10 @@ bool Panel::lies(Control& child, Point point) {
     return !child.transparentToPointer() && child.hitTest(point);
 }
 
-// Whether the focus is on the child or below it.
-bool Panel::holdsFocus(Control& child, Point /*point*/) {
+// Whether the focus is on the child or below it, and the event was not offered to it as lying under the pointer.
+bool Panel::holdsFocus(Control& child, Point point) {
     const Control* const focused = window() != nullptr ? window()->focused() : nullptr;
-    return focused != nullptr && focused->isWithin(child);
+    return focused != nullptr && focused->isWithin(child) && !lies(child, point);
 }
 
 // Offers the event to the visible children that `accepts`, in their own coordinates, the last painted first, until one

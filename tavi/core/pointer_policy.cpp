@@ -6,10 +6,6 @@
 namespace tavi {
 namespace {
 
-uint32_t bitOf(PointerButton button) {
-    return 1U << static_cast<unsigned>(button);
-}
-
 bool holds(const std::vector<WeakControl>& path, const Control* control) {
     return std::ranges::any_of(path, [&](const WeakControl& each) { return each.get() == control; });
 }
@@ -48,18 +44,32 @@ std::vector<WeakControl> PointerPolicy::pathUnderPointer() const {
 }
 
 void PointerPolicy::hover() {
-    const std::vector<WeakControl> before = std::exchange(hoverPath_, pathUnderPointer());
-    const std::vector<WeakControl> now = hoverPath_;
+    hoverPath_ = pathUnderPointer();
+    std::vector<WeakControl> now;
+    for (const WeakControl& each : hoverPath_) {
+        if (each->usable()) {
+            now.push_back(each);
+        }
+    }
+    const std::vector<WeakControl> before = std::exchange(entered_, now);
     for (size_t i = before.size(); i-- > 0;) {
         if (before[i] && !holds(now, before[i].get())) {
             before[i]->pointerLeft();
         }
     }
     for (const WeakControl& each : now) {
-        if (each && !holds(before, each.get()) && holds(hoverPath_, each.get()) && each->usable()) {
+        if (each && !holds(before, each.get()) && holds(entered_, each.get())) {
             each->pointerEntered();
         }
     }
+}
+
+void PointerPolicy::refresh() {
+    if (owner_ && !owner_->usable()) {
+        cancelOwner();
+        releaseCapture();
+    }
+    hover();
 }
 
 // To the control that has captured the pointer, in its coordinates, else into the tree.
@@ -73,26 +83,33 @@ bool PointerPolicy::deliver(Event& event, bool (InputTarget::*handler)(Event&)) 
     return (owner_.get()->*handler)(translated);
 }
 
-bool PointerPolicy::move(PointerEvent& event) {
+void PointerPolicy::follow(const PointerEvent& event) {
     position_ = event.position;
     inside_ = true;
+    held_ = event.held;
+}
+
+bool PointerPolicy::move(PointerEvent& event) {
+    follow(event);
+    if (held_ == 0 && grabbing_) {
+        // The button went up where nobody told us.
+        cancelOwner();
+        releaseCapture();
+    }
     hover();
     return deliver(event, &InputTarget::pointerMove);
 }
 
 bool PointerPolicy::press(PointerEvent& event) {
-    position_ = event.position;
-    inside_ = true;
+    follow(event);
     hover();
-    buttonsDown_ |= bitOf(event.button);
     return deliver(event, &InputTarget::pointerPress);
 }
 
 bool PointerPolicy::release(PointerEvent& event) {
-    position_ = event.position;
-    buttonsDown_ &= ~bitOf(event.button);
+    follow(event);
     const bool handled = deliver(event, &InputTarget::pointerRelease);
-    if (buttonsDown_ == 0) {
+    if (held_ == 0) {
         releaseCapture();
     }
     return handled;
@@ -115,7 +132,7 @@ void PointerPolicy::cancelOwner() {
 }
 
 void PointerPolicy::lose() {
-    buttonsDown_ = 0;
+    held_ = 0;
     if (std::exchange(grabbing_, false)) {
         cancelOwner();
         hover();
@@ -124,7 +141,7 @@ void PointerPolicy::lose() {
 
 void PointerPolicy::capture(Control& control) {
     // Without a button nothing would end it: the press may have been cancelled while it was handled.
-    if (owner_.get() == &control || buttonsDown_ == 0 || !control.isWithin(root_)) {
+    if (owner_.get() == &control || held_ == 0 || !control.isWithin(root_)) {
         return;
     }
     const WeakControl wanted(control);
@@ -147,10 +164,12 @@ void PointerPolicy::forget(const Control& control) {
     if (owner_ && owner_->isWithin(control)) {
         cancelOwner();
     }
-    for (size_t i = hoverPath_.size(); i-- > 0;) {
-        if (i < hoverPath_.size() && hoverPath_[i] && hoverPath_[i]->isWithin(control)) {
-            const WeakControl left = hoverPath_[i];
-            hoverPath_.resize(i);
+    const auto leaves = [&](const WeakControl& each) { return each && each->isWithin(control); };
+    std::erase_if(hoverPath_, leaves);
+    for (size_t i = entered_.size(); i-- > 0;) {
+        if (i < entered_.size() && leaves(entered_[i])) {
+            const WeakControl left = entered_[i];
+            entered_.resize(i);
             left->pointerLeft();
         }
     }

@@ -34,8 +34,8 @@ public:
     // Nothing happens while no button is down.
     void capture(Control& control);
     void releaseCapture();
-    // The tree has changed under the pointer.
-    void refresh() { hover(); }
+    // The tree has changed under the pointer. A control that was disabled or hidden loses what it had captured.
+    void refresh();
     // A control leaves the tree with all below it.
     void forget(const Control& control);
 
@@ -44,16 +44,18 @@ private:
     bool deliver(Event& event, bool (InputTarget::*handler)(Event&));
     std::vector<WeakControl> pathUnderPointer() const;
     void hover();
+    void follow(const PointerEvent& event);
     void cancelOwner();
 
     Panel& root_;
     WindowPlatform& platform_;
     Point position_;
     bool inside_ = false;
-    uint32_t buttonsDown_ = 0;  // a bit for each PointerButton
+    uint32_t held_ = 0;  // the buttons that are down
     bool grabbing_ = false;
     WeakControl owner_;
     std::vector<WeakControl> hoverPath_;  // from the root to the innermost control
+    std::vector<WeakControl> entered_;    // those of it that were told: disabled ones are not
 };
 
 }  // namespace tavi

@@ -60,9 +60,12 @@ public:
     void close();
     void setTitle(const std::wstring& title);
     void requestRepaint();
-    // Runs a function on the window's thread: at once when it is this one. It is dropped when the window is gone by
-    // then.
-    void post(std::function<void()> function);
+    // Runs a function on the window's thread: at once when it is this one. It is dropped, and the answer is false, when
+    // the window is gone by then.
+    bool post(std::function<void()> function);
+    // The same for a worker that may outlive the Window: false once that is gone.
+    using Poster = std::function<bool(std::function<void()>)>;
+    Poster poster() const;
 
     // What the window cannot be made smaller than; the minimum of the controls counts as well.
     void setMinimumClientSize(Size size);

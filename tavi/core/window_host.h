@@ -45,7 +45,7 @@ public:
 
     // Whether lines for developers are wanted; look before composing one.
     virtual bool diagnostics() const = 0;
-    // Writes one line. A layout warning that was written before is not repeated.
+    // Writes one line. A layout warning, or a minimum, that was written before is not repeated.
     virtual void writeDiagnostic(const std::wstring& line) = 0;
 
 protected:

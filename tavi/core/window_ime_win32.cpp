@@ -48,6 +48,14 @@ public:
             form.ptCurrentPos = {caret.x, caret.y};
             place(context_, &form);
         }
+        auto* const placeList = library().function<decltype(ImmSetCandidateWindow)>("ImmSetCandidateWindow");
+        if (context_ != nullptr && placeList != nullptr) {
+            CANDIDATEFORM form{};
+            form.dwStyle = CFS_EXCLUDE;
+            form.ptCurrentPos = {caret.x, caret.bottom()};
+            form.rcArea = {caret.x, caret.y, caret.right(), caret.bottom()};
+            placeList(context_, &form);
+        }
     }
 
 private:
@@ -62,6 +70,13 @@ private:
 
 }  // namespace
 
+// A control that has a caret shows the composition itself, so Windows shall not show it a second time.
+WindowNative::Answer WindowNative::onInputContext(const Message& message) {
+    const bool showsItself = tree_->caretRectangle().has_value();
+    const intptr_t shown = message.lParam & ~(showsItself ? intptr_t{ISC_SHOWUICOMPOSITIONWINDOW} : 0);
+    return leaveToWindows({message.number, message.wParam, shown});
+}
+
 WindowNative::Answer WindowNative::onCompositionStart(const Message& /*message*/) {
     if (const std::optional<Rect> caret = tree_->caretRectangle()) {
         InputContext(handle_).placeAt(*caret);
@@ -70,6 +85,7 @@ WindowNative::Answer WindowNative::onCompositionStart(const Message& /*message*/
 }
 
 WindowNative::Answer WindowNative::onComposition(const Message& message) {
+    swallowsCharacter_ = false;
     const bool handled =
         (message.lParam & GCS_COMPSTR) != 0 && tree_->compositionChanged(InputContext(handle_).composition());
     // What is finished comes as characters; Windows makes them.

@@ -3,6 +3,7 @@
 #include <windowsx.h>
 
 #include <cwchar>
+#include <utility>
 
 #include "tavi/core/window_native.h"
 
@@ -26,18 +27,11 @@ WindowNative::Answer WindowNative::onPointer(const Message& message) {
         tracksLeave_ = TrackMouseEvent(&track) != FALSE;
     }
     const PointerMessage translated = translatePointer(message.number, message.wParam, message.lParam, held(VK_MENU));
-    switch (translated.action) {
-        case PointerAction::Move:
-            tree_->pointerMove(translated.event);
-            break;
-        case PointerAction::Press:
-            tree_->pointerPress(translated.event);
-            break;
-        case PointerAction::Release:
-            tree_->pointerRelease(translated.event);
-            break;
-    }
-    return 0;
+    using Entry = bool (WindowTree::*)(PointerEvent);
+    constexpr Entry kEntries[] = {&WindowTree::pointerMove, &WindowTree::pointerPress, &WindowTree::pointerRelease};
+    // What nobody takes goes to Windows, which makes the message for a context menu of it.
+    return (tree_.get()->*kEntries[static_cast<size_t>(translated.action)])(translated.event) ? Answer(0)
+                                                                                              : std::nullopt;
 }
 
 WindowNative::Answer WindowNative::onWheel(const Message& message) {
@@ -55,7 +49,7 @@ WindowNative::Answer WindowNative::onPointerLeave(const Message& /*message*/) {
 }
 
 WindowNative::Answer WindowNative::onCaptureChanged(const Message& message) {
-    if (reinterpret_cast<HWND>(message.lParam) != handle_) {
+    if (std::exchange(grabs_, false) && reinterpret_cast<HWND>(message.lParam) != handle_) {
         tree_->pointerLost();
     }
     return 0;
@@ -67,21 +61,23 @@ WindowNative::Answer WindowNative::onCancelMode(const Message& /*message*/) {
 }
 
 void WindowNative::grabPointer(bool grab) {
+    const bool grabbed = std::exchange(grabs_, grab);
     if (grab) {
         SetCapture(handle_);
-    } else if (GetCapture() == handle_) {
+    } else if (grabbed && GetCapture() == handle_) {
         ReleaseCapture();
     }
 }
 
-// Windows has made the character of a key before it sends the key, so the one of a key that was handled is dropped
-// here.
+// Windows has made the character of a key before it sends the key, so the one of a key that was handled is dropped,
+// also while it is still being handled: a key may open a dialog, which handles the thread's messages.
 WindowNative::Answer WindowNative::onKey(const Message& message) {
     const KeyEvent event = translateKey(message.wParam, message.lParam, heldModifiers());
     if (message.number == WM_KEYUP || message.number == WM_SYSKEYUP) {
+        swallowsCharacter_ = false;
         return tree_->keyRelease(event) ? Answer(0) : std::nullopt;
     }
-    swallowsCharacter_ = false;
+    swallowsCharacter_ = true;
     const bool handled = tree_->keyPress(event);
     swallowsCharacter_ = handled;
     return handled ? Answer(0) : std::nullopt;
@@ -95,6 +91,11 @@ WindowNative::Answer WindowNative::onCharacter(const Message& message) {
         }
     }
     return 0;
+}
+
+// Windows beeps at one that no menu knows.
+WindowNative::Answer WindowNative::onSystemCharacter(const Message& /*message*/) {
+    return swallowsCharacter_ ? Answer(0) : std::nullopt;
 }
 
 WindowNative::Answer WindowNative::onEditCommand(const Message& message) {

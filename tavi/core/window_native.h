@@ -1,10 +1,13 @@
 // The Win32 half of a window, behind Window. Its methods are spread over files by job: window_win32 (life and
-// dispatch), window_input_win32, window_sizing_win32, window_paint_win32, window_ime_win32.
+// dispatch), window_modal_win32, window_post_win32, window_input_win32, window_ime_win32, window_sizing_win32,
+// window_dpi_win32, window_paint_win32, window_overlay_win32, window_tooltip_win32.
 //
 // Held by a shared pointer: the window procedure keeps it for as long as it runs, so what a callback destroys is the
 // Window, and this only when the last message is done.
 #pragma once
 
+#include <atomic>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -12,11 +15,14 @@
 #include <vector>
 
 #include "tavi/core/back_buffer.h"
+#include "tavi/core/dialog_result.h"
 #include "tavi/core/message_translation.h"
 #include "tavi/core/sizing.h"
 #include "tavi/core/tooltip_host.h"
 #include "tavi/core/window.h"
 #include "tavi/core/window_tree.h"
+
+struct HMONITOR__;
 
 namespace tavi {
 
@@ -31,6 +37,7 @@ struct Message {
 std::optional<Rect> windowRectOf(HWND window);
 // The work area of the monitor that the window is on; of the primary one for null.
 Rect workAreaOf(HWND window);
+Rect workAreaOf(HMONITOR__* monitor);
 
 class WindowNative final : public WindowPlatform, public std::enable_shared_from_this<WindowNative> {
 public:
@@ -40,19 +47,23 @@ public:
     ~WindowNative() = default;
 
     HWND handle() const { return handle_; }
+    bool isModal() const { return modal_; }
     WindowTree& tree() { return *tree_; }
     bool create(const WindowOptions& options);
     // The Window is being destroyed.
     void abandon();
+    // Any thread. Ends the modal loop that runs, or the next one before it begins; the first result counts.
+    void endModal(DialogResult result);
+    // Runs a modal loop until it is ended or the window is gone. Close when nobody ended it.
+    DialogResult runModal();
     // Destroys the Win32 window; the owner that a modal loop has disabled is enabled before.
     void destroy();
-    bool onOwnThread() const;
-    void post(std::function<void()> function);
+    // Any thread. Runs it at once on the window's own one. False when the window is gone or refuses: it is dropped
+    // then.
+    bool post(std::function<void()> function);
     void setTitle(const std::wstring& title);
     void setEscapeCloses(bool closes) { escapeCloses_ = closes; }
     void setSink(std::function<void(const std::wstring&)> sink) { sink_ = std::move(sink); }
-    // Disables the owner until `destroy`. Nothing without one, or when it is disabled already.
-    void disableOwner();
 
     void setMinimumClientSize(Size size);
     Size effectiveMinimumClientSize();
@@ -103,10 +114,12 @@ private:
     Answer onCancelMode(const Message& message);
     Answer onKey(const Message& message);
     Answer onCharacter(const Message& message);
+    Answer onSystemCharacter(const Message& message);
     Answer onEditCommand(const Message& message);
     Answer onFocus(const Message& message);
     Answer onActivate(const Message& message);
     // Input methods.
+    Answer onInputContext(const Message& message);
     Answer onCompositionStart(const Message& message);
     Answer onComposition(const Message& message);
     Answer onCompositionEnd(const Message& message);
@@ -114,6 +127,10 @@ private:
     Answer onSize(const Message& message);
     Answer onSizing(const Message& message);
     Answer onMinMax(const Message& message);
+    Answer onSystemCommand(const Message& message);
+    // Scale.
+    Answer onGetScaledSize(const Message& message);
+    Answer onMoveSize(const Message& message);
     Answer onDpiChanged(const Message& message);
     Answer onCalcSize(const Message& message);
     Answer onHitTest(const Message& message);
@@ -124,30 +141,39 @@ private:
     Answer onFramePaint(const Message& message);
     Answer onFrameActivate(const Message& message);
 
+    void disableOwner();
+    void enableOwner();
+    void dropPosted();
     void updateClient();
     Size windowSize(Size client, int32_t dpi) const;
     Rect workArea() const;
     Rect windowRect() const;
     void move(const Rect& window);
     std::wstring describeSizes();
-    void placeOnTestDesktop(const Rect& intended);
+    bool paintBuffer(HDC like);
 
     Window* window_;  // null once it is gone
     HINSTANCE instance_;
-    HWND handle_ = nullptr;
+    const uint32_t thread_;
+    std::atomic<HWND> handle_ = nullptr;  // other threads look at it before they post
     std::shared_ptr<WindowTree> tree_;
     uint32_t style_ = 0;
     uint32_t extendedStyle_ = 0;
     bool customChrome_ = false;
     bool escapeCloses_ = false;
     HWND disabledOwner_ = nullptr;
+    bool modal_ = false;
+    std::optional<DialogResult> modalResult_;
 
     int32_t dpi_ = kDesignDpi;
     Size requestedClient_;
     Size minimumClient_;
     Size defaultClient_;
 
+    bool isDragged_ = false;
+
     bool tracksLeave_ = false;
+    bool grabs_ = false;
     bool swallowsCharacter_ = false;
     TextAssembler assembler_;
     TooltipHostWindow tooltip_;
@@ -158,7 +184,7 @@ private:
 
     std::function<void(const std::wstring&)> sink_;
     std::mutex postedLock_;
-    std::vector<std::function<void()>> posted_;
+    std::deque<std::function<void()>> posted_;
 };
 
 }  // namespace tavi

@@ -1,32 +1,10 @@
-// A window's way from what is dirty to the screen, and what is drawn over the tree.
+// A window's way from what is dirty to the screen.
 #include <windows.h>
 
+#include "tavi/core/drawing.h"
 #include "tavi/core/window_native.h"
 
 namespace tavi {
-namespace {
-
-constexpr int32_t kOverlayFontHeight = 11;  // design pixels
-constexpr uint32_t kOverlayGround = 0x202020;
-
-RECT toWindows(const Rect& rect) {
-    return {rect.x, rect.y, rect.right(), rect.bottom()};
-}
-
-void fillWith(HDC target, const Rect& area, uint32_t color) {
-    const RECT rect = toWindows(area);
-    SetDCBrushColor(target, color);
-    FillRect(target, &rect, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-}
-
-void frameWith(HDC target, const Rect& area, uint32_t color) {
-    const RECT rect = toWindows(area);
-    SetDCBrushColor(target, color);
-    FrameRect(target, &rect, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-}
-
-}  // namespace
-
 void WindowNative::schedulePaint(const Rect& area) {
     const RECT rect = toWindows(area);
     // A window that is shown later is painted whole then.
@@ -35,23 +13,34 @@ void WindowNative::schedulePaint(const Rect& area) {
     }
 }
 
-// What was only uncovered is copied from the buffer; controls are painted where something has changed.
-WindowNative::Answer WindowNative::onPaint(const Message& /*message*/) {
-    PAINTSTRUCT paint{};
-    const HDC screen = BeginPaint(handle_, &paint);
+// Brings the buffer up to date. False when there is none: nothing to paint on, or no memory.
+bool WindowNative::paintBuffer(HDC like) {
     RECT client{};
     GetClientRect(handle_, &client);
-    const BackBuffer::Change change = client.right > 0 && client.bottom > 0
-                                          ? buffer_.fit(screen, {client.right, client.bottom})
-                                          : BackBuffer::Change::Failed;
+    const Size size{client.right, client.bottom};
+    const BackBuffer::Change change = size.positive() ? buffer_.fit(like, size) : BackBuffer::Change::Failed;
+    if (change == BackBuffer::Change::Failed) {
+        return false;
+    }
     if (change == BackBuffer::Change::Made) {
         tree_->repaintAll();
     }
-    if (change != BackBuffer::Change::Failed) {
-        ++(tree_->needsPaint() ? paintCounts_.painted : paintCounts_.copied);
-        tree_->paint(buffer_.target());
-        const RECT& area = paint.rcPaint;
-        buffer_.copyTo(screen, rectBetween(area.left, area.top, area.right, area.bottom));
+    ++(tree_->needsPaint() ? paintCounts_.painted : paintCounts_.copied);
+    tree_->paint(buffer_.target());
+    return true;
+}
+
+// What was only uncovered is copied from the buffer; controls are painted where something has changed.
+WindowNative::Answer WindowNative::onPaint(const Message& /*message*/) {
+    // Before the paint begins: hooks may do anything, even open a dialog or destroy this window.
+    tree_->update();
+    if (handle_ == nullptr) {
+        return 0;
+    }
+    PAINTSTRUCT paint{};
+    const HDC screen = BeginPaint(handle_, &paint);
+    if (paintBuffer(screen)) {
+        buffer_.copyTo(screen, fromWindows(paint.rcPaint));
     }
     EndPaint(handle_, &paint);
     return 0;
@@ -61,14 +50,8 @@ WindowNative::Answer WindowNative::onPrintClient(const Message& message) {
     const HDC target = reinterpret_cast<HDC>(message.wParam);
     RECT client{};
     GetClientRect(handle_, &client);
-    const Size size{client.right, client.bottom};
-    const BackBuffer::Change change = size.positive() ? buffer_.fit(target, size) : BackBuffer::Change::Failed;
-    if (change == BackBuffer::Change::Made) {
-        tree_->repaintAll();
-    }
-    if (change != BackBuffer::Change::Failed) {
-        tree_->paint(buffer_.target());
-        buffer_.copyTo(target, {0, 0, size.width, size.height});
+    if (paintBuffer(target)) {
+        buffer_.copyTo(target, fromWindows(client));
     }
     return 0;
 }
@@ -88,7 +71,7 @@ WindowNative::Answer WindowNative::onFrameActivate(const Message& message) {
 }
 
 void WindowNative::fill(HDC target, const Rect& area, uint32_t color) {
-    fillWith(target, area, color);
+    fillRect(target, area, color);
 }
 
 void WindowNative::pushClip(HDC target, const Rect& area) {
@@ -97,54 +80,6 @@ void WindowNative::pushClip(HDC target, const Rect& area) {
 
 void WindowNative::popClip(HDC target) {
     clips_.pop(target);
-}
-
-void WindowNative::drawOverlay(HDC target, const std::vector<OverlayItem>& items) {
-    LOGFONTW description{};
-    GetObjectW(GetStockObject(DEFAULT_GUI_FONT), sizeof(description), &description);
-    description.lfHeight = -tree_->scale().length(kOverlayFontHeight);
-    const HFONT font = CreateFontIndirectW(&description);
-    const HGDIOBJ fontBefore = SelectObject(target, font);
-    const int mode = SetBkMode(target, TRANSPARENT);
-    for (const OverlayItem& item : items) {
-        const Rect area = tree_->scale().device(item.area);
-        if (item.kind == OverlayItem::Kind::Fill) {
-            fillWith(target, area, item.color);
-        } else if (item.kind == OverlayItem::Kind::Frame) {
-            frameWith(target, area, item.color);
-        } else {
-            SIZE extent{};
-            const int length = static_cast<int>(item.text.size());
-            GetTextExtentPoint32W(target, item.text.c_str(), length, &extent);
-            fillWith(target,
-                     {area.x, area.y, std::min<int32_t>(extent.cx + 6, area.width),
-                      std::min<int32_t>(extent.cy + 2, area.height)},
-                     kOverlayGround);
-            SetTextColor(target, item.color);
-            const RECT clip = toWindows(area);
-            ExtTextOutW(target, area.x + 3, area.y + 1, ETO_CLIPPED, &clip, item.text.c_str(),
-                        static_cast<UINT>(length), nullptr);
-        }
-    }
-    SetBkMode(target, mode);
-    SelectObject(target, fontBefore);
-    DeleteObject(font);
-}
-
-void WindowNative::showTooltip(const std::wstring& text, const Rect& anchor) {
-    POINT corner{anchor.x, anchor.y};
-    ClientToScreen(handle_, &corner);
-    const Rect onScreen{corner.x, corner.y, anchor.width, anchor.height};
-    const Rect area = workArea();
-    const std::optional<TooltipPlace> place =
-        tooltip_.show({.owner = handle_, .text = text, .anchor = onScreen, .workArea = area, .dpi = dpi_});
-    if (place && place->clamped() && tree_->diagnostics()) {
-        tree_->writeDiagnostic(reportTooltipClamp(onScreen, place->bounds.size(), *place, area));
-    }
-}
-
-void WindowNative::hideTooltip() {
-    tooltip_.hide();
 }
 
 }  // namespace tavi

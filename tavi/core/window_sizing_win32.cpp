@@ -1,21 +1,14 @@
-// The size and place of a window, its scale, and its frame.
+// The size and place of a window, and its frame.
 #include <windows.h>
 
 #include "tavi/core/dpi.h"
+#include "tavi/core/drawing.h"
 #include "tavi/core/window_native.h"
 
 namespace tavi {
 namespace {
 
 constexpr int32_t kResizeBorder = 6;  // design pixels
-
-Rect fromWindows(const RECT& rect) {
-    return rectBetween(rect.left, rect.top, rect.right, rect.bottom);
-}
-
-RECT toWindows(const Rect& rect) {
-    return {rect.x, rect.y, rect.right(), rect.bottom()};
-}
 
 MONITORINFO describeMonitor(HMONITOR monitor) {
     MONITORINFO info{};
@@ -24,16 +17,18 @@ MONITORINFO describeMonitor(HMONITOR monitor) {
     return info;
 }
 
-MONITORINFO monitorOf(HWND window) {
-    return describeMonitor(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST));
+HMONITOR monitorOf(HWND window) {
+    return MonitorFromWindow(window, window != nullptr ? MONITOR_DEFAULTTONEAREST : MONITOR_DEFAULTTOPRIMARY);
 }
 
 }  // namespace
 
+Rect workAreaOf(HMONITOR monitor) {
+    return fromWindows(describeMonitor(monitor).rcWork);
+}
+
 Rect workAreaOf(HWND window) {
-    return fromWindows(describeMonitor(MonitorFromWindow(window, window != nullptr ? MONITOR_DEFAULTTONEAREST
-                                                                                   : MONITOR_DEFAULTTOPRIMARY))
-                           .rcWork);
+    return workAreaOf(monitorOf(window));
 }
 
 std::optional<Rect> windowRectOf(HWND window) {
@@ -50,6 +45,7 @@ Rect WindowNative::windowRect() const {
 }
 
 void WindowNative::move(const Rect& window) {
+    const std::shared_ptr<WindowNative> keep = shared_from_this();
     SetWindowPos(handle_, nullptr, window.x, window.y, window.width, window.height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -111,7 +107,7 @@ WindowNative::Answer WindowNative::onSizing(const Message& message) {
 
 WindowNative::Answer WindowNative::onMinMax(const Message& message) {
     MINMAXINFO& info = *reinterpret_cast<MINMAXINFO*>(message.lParam);
-    const MONITORINFO monitor = monitorOf(handle_);
+    const MONITORINFO monitor = describeMonitor(monitorOf(handle_));
     const Rect work = fromWindows(monitor.rcWork);
     const Size minimum = windowSize(effectiveMinimumClientSize(), dpi_);
     // The work area wins: what is larger could not be reached with the mouse.
@@ -135,44 +131,13 @@ WindowNative::Answer WindowNative::onMinMax(const Message& message) {
     return 0;
 }
 
-// Keeps the client size in design pixels at the place that Windows suggests.
-WindowNative::Answer WindowNative::onDpiChanged(const Message& message) {
-    const Size client = tree_->scale().designClient();
-    const int32_t before = dpi_;
-    const Rect suggested = fromWindows(*reinterpret_cast<const RECT*>(message.lParam));
-    dpi_ = HIWORD(message.wParam);
-    const bool ownSize = !IsZoomed(handle_) && !IsIconic(handle_);
-    const Size size = ownSize ? windowSize(client, dpi_) : suggested.size();
-    const RECT target = toWindows(suggested);
-    const MONITORINFO monitor = describeMonitor(MonitorFromRect(&target, MONITOR_DEFAULTTONEAREST));
-    const Rect placed{suggested.x, suggested.y, size.width, size.height};
-    const Rect applied = ownSize ? fitWindowRectToMinimumAndWorkArea(placed, {}, fromWindows(monitor.rcWork)) : placed;
-    if (tree_->diagnostics()) {
-        writeDiagnostic(L"[Tavi diagnostic] WM_DPICHANGED dpi=" + std::to_wstring(before) + L"->" +
-                        std::to_wstring(dpi_) + L" before=" + describe(windowRect()) + L" suggested=" +
-                        describe(suggested) + L" applied=" + describe(applied));
-    }
-    move(applied);
-    if (ownSize && applied.size() == size) {
-        // Frames do not always scale as Windows says; what counts is the client area.
-        RECT now{};
-        GetClientRect(handle_, &now);
-        const Size wanted = Scale(dpi_).device(client);
-        if (wanted != Size{now.right, now.bottom}) {
-            move({applied.x, applied.y, size.width + wanted.width - now.right,
-                  size.height + wanted.height - now.bottom});
-        }
-    }
-    // Where the size in device pixels happens to stay the same no WM_SIZE follows.
-    updateClient();
-    return 0;
-}
-
 void WindowNative::resetToDefaultSize() {
     if (handle_ == nullptr) {
         return;
     }
-    if (IsIconic(handle_) || IsZoomed(handle_)) {
+    // A window that was minimised while it was maximised comes back maximised.
+    const std::shared_ptr<WindowNative> keep = shared_from_this();
+    for (int i = 0; i < 2 && (IsIconic(handle_) || IsZoomed(handle_)); ++i) {
         ShowWindow(handle_, SW_RESTORE);
     }
     const Size client = defaultClient_.positive() ? defaultClient_ : requestedClient_;
@@ -193,12 +158,18 @@ void WindowNative::resetToDefaultSize() {
 }
 
 void WindowNative::centerOn(HWND other) {
-    move(centered(windowRect().size(), windowRectOf(other).value_or(workArea()), workArea()));
+    const Rect area = workAreaOf(other != nullptr ? other : handle());
+    move(centered(windowRect().size(), windowRectOf(other).value_or(area), area));
 }
 
 WindowNative::Answer WindowNative::onCalcSize(const Message& /*message*/) {
     // For both forms of the message, the one at creation as well: all of the window is client area.
     return customChrome_ ? Answer(0) : std::nullopt;
+}
+
+// The keyboard's way to a menu bar: without one Alt would only take the next key away.
+WindowNative::Answer WindowNative::onSystemCommand(const Message& message) {
+    return customChrome_ && (message.wParam & 0xFFF0) == SC_KEYMENU && message.lParam == 0 ? Answer(0) : std::nullopt;
 }
 
 WindowNative::Answer WindowNative::onHitTest(const Message& message) {

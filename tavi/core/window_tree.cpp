@@ -34,11 +34,12 @@ void WindowTree::close() {
     }
 }
 
-// Every entry for an event: nothing once the window is going, and afterwards focus, hover and tooltip follow what the
-// tree has become.
+// Every entry for an event: nothing once the window is going; before and after it focus, hover and tooltip follow what
+// the tree has become.
 template <typename Action>
 bool WindowTree::enter(const Action& action) {
     const std::shared_ptr<WindowTree> keep = shared_from_this();
+    settle();
     if (closed_) {
         return false;
     }
@@ -197,9 +198,11 @@ void WindowTree::activated(bool active) {
     });
 }
 
-void WindowTree::timeOut(WindowTimer /*timer*/) {
+void WindowTree::timeOut(WindowTimer timer) {
     enter([&] {
-        tooltip_.timeOut(scale_);
+        if (timer == WindowTimer::Tooltip) {
+            tooltip_.timeOut(scale_);
+        }
         return true;
     });
 }
@@ -209,15 +212,23 @@ void WindowTree::repaintAll() {
 }
 
 void WindowTree::repaint(const Rect& area, uint32_t /*reason*/) {
-    const Rect seen = intersection(area, root_.bounds());
+    // The overlay draws beside the controls that it shows, so whatever changes, all of it does.
+    const Rect seen = overlay_.on ? root_.bounds() : intersection(area, root_.bounds());
     if (!closed_ && dirty_.add(seen)) {
         platform_.schedulePaint(scale_.device(seen));
     }
 }
 
-void WindowTree::paint(HDC target) {
+void WindowTree::update() {
     const std::shared_ptr<WindowTree> keep = shared_from_this();
     settle();
+}
+
+void WindowTree::paint(HDC target) {
+    const std::shared_ptr<WindowTree> keep = shared_from_this();
+    if (!paintArea_.empty()) {
+        return;
+    }
     for (const Rect& area : dirty_.take()) {
         if (closed_) {
             break;
@@ -239,6 +250,7 @@ void WindowTree::controlChanged(Control& /*control*/) {
 }
 
 void WindowTree::controlLeaves(Control& control) {
+    const std::shared_ptr<WindowTree> keep = shared_from_this();
     changed_ = true;
     pointer_.forget(control);
     focus_.forget(control);
@@ -252,10 +264,33 @@ void WindowTree::popClip(HDC target) {
     platform_.popClip(target);
 }
 
+void WindowTree::capturePointer(Control& control) {
+    const std::shared_ptr<WindowTree> keep = shared_from_this();
+    pointer_.capture(control);
+}
+
+void WindowTree::releasePointer() {
+    const std::shared_ptr<WindowTree> keep = shared_from_this();
+    pointer_.releaseCapture();
+}
+
+bool WindowTree::setFocus(Control* control) {
+    const std::shared_ptr<WindowTree> keep = shared_from_this();
+    return focus_.set(control);
+}
+
 void WindowTree::writeDiagnostic(const std::wstring& line) {
-    // Layout runs again and again; one warning about the same thing is enough.
-    if (line.starts_with(L"[Tavi layout warning]") && !warned_.insert(line).second) {
-        return;
+    // Layout runs again and again, and the minimum is asked for with every move of the mouse: once is enough, until so
+    // many different lines have come that they are no longer the same ones.
+    constexpr size_t kRemembered = 1000;
+    if (line.starts_with(L"[Tavi layout warning]") ||
+        line.starts_with(L"[Tavi diagnostic] Panel::minimumContentSizeHint")) {
+        if (written_.size() >= kRemembered) {
+            written_.clear();
+        }
+        if (!written_.insert(line).second) {
+            return;
+        }
     }
     platform_.writeDiagnostic(line);
 }

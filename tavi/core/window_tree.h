@@ -62,10 +62,13 @@ public:
     void activated(bool active);
     void timeOut(WindowTimer timer);
 
+    // Lets focus and hover follow what the tree has become, which calls hooks. Before a paint; inside one nothing may.
+    void update();
     bool needsPaint() const { return !dirty_.empty(); }
     // Marks everything for the next paint.
     void repaintAll();
     // Paints what was gathered, nothing else, into the target. A hook that asks for more gets it with the next paint.
+    // Nothing from inside a paint.
     void paint(HDC target);
 
     // WindowHost
@@ -76,10 +79,10 @@ public:
     Rect paintArea() const override { return paintArea_; }
     void pushClip(HDC target, const Rect& area) override;
     void popClip(HDC target) override;
-    void capturePointer(Control& control) override { pointer_.capture(control); }
-    void releasePointer() override { pointer_.releaseCapture(); }
+    void capturePointer(Control& control) override;
+    void releasePointer() override;
     Control* pointerOwner() const override { return pointer_.owner(); }
-    bool setFocus(Control* control) override { return focus_.set(control); }
+    bool setFocus(Control* control) override;
     Control* focused() const override { return focus_.focused(); }
     Control* hovered() const override { return pointer_.hovered(); }
     bool diagnostics() const override { return diagnostics_ && !closed_; }
@@ -102,8 +105,8 @@ private:
     uint32_t background_ = 0;
     bool diagnostics_ = false;
     bool closed_ = false;
-    bool changed_ = false;  // the tree has, since focus and hover were last looked at
-    std::set<std::wstring> warned_;
+    bool changed_ = false;            // the tree has, since focus and hover were last looked at
+    std::set<std::wstring> written_;  // lines that are not repeated
 };
 
 }  // namespace tavi

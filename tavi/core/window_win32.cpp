@@ -7,18 +7,18 @@
 #include "tavi/core/dpi.h"
 #include "tavi/core/message_loop.h"
 #include "tavi/core/test_desktop.h"
+#include "tavi/core/window_messages.h"
 #include "tavi/core/window_native.h"
 
 namespace tavi {
 namespace {
 
 constexpr wchar_t kWindowClass[] = L"TaviDesignWindow";
-constexpr UINT kRunPosted = WM_APP + 1;
 constexpr Size kUsualClientSize{640, 400};
 
 static_assert(message::kMouseMove == WM_MOUSEMOVE && message::kLeftDown == WM_LBUTTONDOWN &&
               message::kExtraDouble == WM_XBUTTONDBLCLK && message::kHorizontalWheel == WM_MOUSEHWHEEL &&
-              message::kCut == WM_CUT && message::kUndo == WM_UNDO && key::kF12 == VK_F12);
+              message::kCut == WM_CUT && message::kUndo == WM_UNDO && key::kF12 == VK_F12 && kRunPosted == WM_APP + 1);
 
 }  // namespace
 
@@ -52,7 +52,7 @@ struct WindowProcedure {
 };
 
 WindowNative::WindowNative(Window& window, HINSTANCE instance)
-    : window_(&window), instance_(instance), tree_(WindowTree::create(*this)) {}
+    : window_(&window), instance_(instance), thread_(GetCurrentThreadId()), tree_(WindowTree::create(*this)) {}
 
 const std::vector<WindowNative::Route>& WindowNative::routes() {
     using Self = WindowNative;
@@ -76,15 +76,21 @@ const std::vector<WindowNative::Route>& WindowNative::routes() {
             {WM_KEYUP, &Self::onKey},
             {WM_SYSKEYUP, &Self::onKey},
             {WM_CHAR, &Self::onCharacter},
+            {WM_SYSCHAR, &Self::onSystemCharacter},
             {WM_SETFOCUS, &Self::onFocus},
             {WM_KILLFOCUS, &Self::onFocus},
             {WM_ACTIVATE, &Self::onActivate},
+            {WM_IME_SETCONTEXT, &Self::onInputContext},
             {WM_IME_STARTCOMPOSITION, &Self::onCompositionStart},
             {WM_IME_COMPOSITION, &Self::onComposition},
             {WM_IME_ENDCOMPOSITION, &Self::onCompositionEnd},
             {WM_SIZE, &Self::onSize},
             {WM_SIZING, &Self::onSizing},
             {WM_GETMINMAXINFO, &Self::onMinMax},
+            {WM_SYSCOMMAND, &Self::onSystemCommand},
+            {WM_GETDPISCALEDSIZE, &Self::onGetScaledSize},
+            {WM_ENTERSIZEMOVE, &Self::onMoveSize},
+            {WM_EXITSIZEMOVE, &Self::onMoveSize},
             {WM_DPICHANGED, &Self::onDpiChanged},
             {WM_NCCALCSIZE, &Self::onCalcSize},
             {WM_NCHITTEST, &Self::onHitTest},
@@ -162,7 +168,7 @@ bool WindowNative::create(const WindowOptions& options) {
     const Rect intended = place(workAreaOf(testDesktop ? options.owner : made));
     if (testDesktop) {
         testDesktop->place(made);
-        SetWindowLongPtrW(made, GWL_STYLE, static_cast<LONG_PTR>(style_));
+        SetWindowLongPtrW(made, GWL_STYLE, static_cast<LONG_PTR>(style_ | WS_VISIBLE));
         SetWindowPos(made, nullptr, intended.x, intended.y, intended.width, intended.height,
                      SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED | SWP_NOOWNERZORDER);
         ShowWindow(made, SW_HIDE);
@@ -182,22 +188,8 @@ void WindowNative::abandon() {
     destroy();
 }
 
-void WindowNative::disableOwner() {
-    const HWND owner = GetWindow(handle_, GW_OWNER);
-    if (owner != nullptr && IsWindowEnabled(owner)) {
-        disabledOwner_ = owner;
-        EnableWindow(owner, FALSE);
-    }
-}
-
 void WindowNative::destroy() {
-    // Were the owner still disabled when the window goes, Windows would give the focus to another program.
-    if (const HWND owner = std::exchange(disabledOwner_, nullptr)) {
-        EnableWindow(owner, TRUE);
-        if (GetActiveWindow() == handle_) {
-            SetActiveWindow(owner);
-        }
-    }
+    enableOwner();
     if (handle_ != nullptr) {
         DestroyWindow(handle_);
     }
@@ -211,46 +203,13 @@ WindowNative::Answer WindowNative::onClose(const Message& /*message*/) {
 }
 
 WindowNative::Answer WindowNative::onDestroy(const Message& /*message*/) {
-    if (const HWND owner = std::exchange(disabledOwner_, nullptr)) {
-        EnableWindow(owner, TRUE);
-    }
+    enableOwner();
     tooltip_.close();
     tree_->pointerLost();
     tree_->activated(false);
     SetWindowLongPtrW(handle_, GWLP_USERDATA, 0);
-    handle_ = nullptr;
-    const std::lock_guard lock(postedLock_);
-    posted_.clear();
-    return 0;
-}
-
-bool WindowNative::onOwnThread() const {
-    return handle_ == nullptr || GetWindowThreadProcessId(handle_, nullptr) == GetCurrentThreadId();
-}
-
-void WindowNative::post(std::function<void()> function) {
-    const HWND target = handle_;
-    if (target == nullptr) {
-        return;
-    }
-    {
-        const std::lock_guard lock(postedLock_);
-        posted_.push_back(std::move(function));
-    }
-    PostMessageW(target, kRunPosted, 0, 0);
-}
-
-WindowNative::Answer WindowNative::onPosted(const Message& /*message*/) {
-    std::vector<std::function<void()>> functions;
-    {
-        const std::lock_guard lock(postedLock_);
-        functions.swap(posted_);
-    }
-    for (const std::function<void()>& function : functions) {
-        if (handle_ != nullptr) {
-            function();
-        }
-    }
+    dropPosted();
+    wakeMessageLoop();
     return 0;
 }
 
@@ -314,8 +273,11 @@ WindowTree& Window::tree() {
 }
 
 void Window::show() {
-    ShowWindow(handle(), SW_SHOW);
-    UpdateWindow(handle());
+    const std::shared_ptr<WindowNative> keep = native_;
+    ShowWindow(keep->handle(), SW_SHOW);
+    if (keep->handle() != nullptr) {
+        UpdateWindow(keep->handle());
+    }
 }
 
 void Window::hide() {
@@ -329,12 +291,16 @@ int Window::run() {
     return quit.value_or(0);
 }
 
-void Window::post(std::function<void()> function) {
-    if (native_->onOwnThread()) {
-        function();
-    } else {
-        native_->post(std::move(function));
-    }
+bool Window::post(std::function<void()> function) {
+    const std::shared_ptr<WindowNative> keep = native_;
+    return keep->post(std::move(function));
+}
+
+Window::Poster Window::poster() const {
+    return [native = std::weak_ptr(native_)](std::function<void()> function) {
+        const std::shared_ptr<WindowNative> keep = native.lock();
+        return keep != nullptr && keep->handle() != nullptr && keep->post(std::move(function));
+    };
 }
 
 void Window::close() {

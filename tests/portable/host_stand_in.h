@@ -32,7 +32,7 @@ public:
     Log log;  // "repaint 16 (0, 0, 4x3)", "changed id", "leaves id", "clip (0, 0, 4x3)", "unclip"
     Log lines;
     bool wantsLines = false;
-    tavi::Rect painted{0, 0, 10000, 10000};
+    tavi::Rect painted;  // the area that a paint is about; set it to paint
     tavi::Control* owner = nullptr;
     tavi::Control* focus = nullptr;
     std::function<void(tavi::Control&)> onLeaves;

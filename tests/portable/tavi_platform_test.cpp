@@ -85,6 +85,10 @@ TEST(TaviMessages, PointersAndWheels) {
     EXPECT_EQ(pressed.event.clicks, 2);
     EXPECT_EQ(pressed.event.position, (Point{-3, 7}));
     EXPECT_EQ(pressed.event.modifiers, kShift | kAlt);
+    EXPECT_EQ(pressed.event.held, heldFlag(PointerButton::Left));
+    EXPECT_EQ(translatePointer(message::kMouseMove, 0x0072, 0, false).event.held,
+              heldFlag(PointerButton::Right) | heldFlag(PointerButton::Middle) | heldFlag(PointerButton::X1) |
+                  heldFlag(PointerButton::X2));
     EXPECT_EQ(translatePointer(message::kExtraDown, 0x00010000, 0, false).event.button, PointerButton::X1);
     EXPECT_EQ(translatePointer(message::kExtraUp, 0x00020008, 0, false).event.button, PointerButton::X2);
     EXPECT_EQ(translatePointer(message::kExtraUp, 0x00020008, 0, false).event.modifiers, +kControlKey);

@@ -26,9 +26,17 @@ struct TaviWindow : testing::Test {
     }
     Log taken() { return std::exchange(log, {}); }
     bool key(uint32_t code, uint32_t modifiers = 0) { return tree->keyPress({.code = code, .modifiers = modifiers}); }
-    void press(Point at) { tree->pointerPress({.position = at, .button = PointerButton::Left}); }
-    void release(Point at) { tree->pointerRelease({.position = at, .button = PointerButton::Left}); }
-    void move(Point at) { tree->pointerMove({.position = at}); }
+    // What the platform says is held comes with every event, as Windows has it.
+    void press(Point at, PointerButton button = PointerButton::Left) {
+        held |= heldFlag(button);
+        tree->pointerPress({.position = at, .button = button, .held = held});
+    }
+    void release(Point at, PointerButton button = PointerButton::Left) {
+        held &= ~heldFlag(button);
+        tree->pointerRelease({.position = at, .button = button, .held = held});
+    }
+    void move(Point at) { tree->pointerMove({.position = at, .held = held}); }
+    uint32_t held = 0;
     std::wstring focused() const { return tree->focused() != nullptr ? tree->focused()->id() : L"none"; }
 };
 
@@ -50,7 +58,13 @@ TEST_F(TaviWindow, PaintingWhatIsDirtyIsPaintingEverything) {
             probes.back()->setAnchors(random() % 16);
         }
         Canvas canvas(client);
+        tree->pointerMove({.position = {30, 30}});
         for (int step = 0; step < 60; ++step) {
+            if (step == 40) {  // with the overlay from here on
+                for (const uint32_t modifiers : {+kControlKey, kControlKey | kAlt, kControlKey | kAlt, +kShift}) {
+                    key(key::kF12, modifiers);
+                }
+            }
             Probe& probe = *probes[random() % probes.size()];
             switch (random() % 5) {
                 case 0:
@@ -209,7 +223,10 @@ TEST_F(TaviWindow, KeysGoUpFromTheFocusAndThenToTheWindow) {
     cancel->setEnabled(false);
     EXPECT_EQ(platform.cancels, 0);
     EXPECT_TRUE(key(key::kEscape));
-    EXPECT_EQ(platform.cancels, 1) << "a disabled cancel control leaves it to the window";
+    EXPECT_EQ(platform.cancels, 0) << "a cancel control that is disabled: there is no way out now";
+    tree->focus().setCancel(nullptr);
+    EXPECT_TRUE(key(key::kEscape));
+    EXPECT_EQ(platform.cancels, 1);
     taken();
     tree->keyPress({.code = key::kReturn, .wasDown = true});
     EXPECT_EQ(taken(), (Log{L"field key", L"group key"})) << "a held key does not press again and again";
@@ -231,10 +248,10 @@ TEST_F(TaviWindow, APressKeepsThePointerUntilTheLastButtonIsUp) {
     taken();
     move({20, 20});
     EXPECT_EQ(taken(), (Log{L"button leave", L"group leave", L"button move"})) << "nothing else lights up meanwhile";
-    tree->pointerPress({.position = {20, 20}, .button = PointerButton::Right});
+    press({20, 20}, PointerButton::Right);
     release({20, 20});
     EXPECT_TRUE(platform.grabbed) << "the right button is still down";
-    tree->pointerRelease({.position = {20, 20}, .button = PointerButton::Right});
+    release({20, 20}, PointerButton::Right);
     EXPECT_FALSE(platform.grabbed);
     EXPECT_EQ(log.back(), L"other enter");
 
@@ -260,6 +277,108 @@ TEST_F(TaviWindow, APressKeepsThePointerUntilTheLastButtonIsUp) {
     EXPECT_EQ(tree->pointerOwner(), nullptr);
     tree->pointerLeave();
     EXPECT_EQ(tree->hovered(), nullptr);
+}
+
+TEST_F(TaviWindow, CaptureEndsWithWhatHeldIt) {
+    Probe* const button = add(L"button", {10, 10, 20, 20});
+    button->takesInput = true;
+    press({300, 200}, PointerButton::Right);
+    held = 0;  // it went up outside of the window
+    press({15, 15});
+    release({15, 15});
+    EXPECT_FALSE(platform.grabbed);
+    press({15, 15});
+    held = 0;
+    taken();
+    move({15, 15});
+    EXPECT_EQ(taken(), (Log{L"button cancelled", L"button move"})) << "the release went elsewhere";
+    for (const auto& end :
+         {+[](Control& control) { control.setEnabled(false); }, +[](Control& control) { control.setVisible(false); }}) {
+        button->setEnabled(true);
+        button->setVisible(true);
+        move({15, 15});
+        press({15, 15});
+        taken();
+        end(*button);
+        release({15, 15});
+        EXPECT_EQ(taken().front(), L"button cancelled");
+        EXPECT_FALSE(platform.grabbed);
+    }
+}
+
+TEST_F(TaviWindow, HoverAndFocusFollowATreeThatChanges) {
+    move({15, 15});
+    Probe* const button = tree->root().add<Probe>(L"button", Rect{10, 10, 20, 20}, &log);
+    button->takesFocus = true;
+    tree->update();
+    EXPECT_EQ(taken(), (Log{L"button attached", L"button enter"})) << "it came under the pointer";
+    button->setEnabled(false);
+    tree->update();
+    button->setEnabled(true);
+    tree->update();
+    EXPECT_EQ(taken(), (Log{L"button leave", L"button enter"}));
+
+    // A field whose loss of the focus opens a message box: the window is deactivated and activated in its hook.
+    Probe* const field = add(L"field", {50, 10, 20, 20}, nullptr, true);
+    tree->setFocus(field);
+    taken();
+    field->then = [&](const std::wstring& hook) {
+        if (hook == L"blur") {
+            tree->activated(false);
+            tree->activated(true);
+        }
+    };
+    tree->setFocus(button);
+    EXPECT_EQ(taken(), (Log{L"field blur", L"button focus"})) << "each is told once";
+    button->then = [&](const std::wstring& hook) {
+        if (hook == L"blur") {
+            tree->setFocus(button);
+        }
+    };
+    const std::unique_ptr<Control> removed = tree->root().removeChild(*button);
+    tree->update();
+    EXPECT_NE(tree->focused(), button) << "it is out of the tree";
+}
+
+TEST_F(TaviWindow, ATreeThatChangesWhileItIsPaintedIsPaintedAgain) {
+    Canvas canvas({400, 300});
+    Probe* const first = add(L"first", {0, 0, 50, 50});
+    Probe* const late = add(L"late", {100, 0, 50, 50});
+    Probe* const last = add(L"last", {200, 0, 50, 50});
+    late->setVisible(false);
+    tree->paint(canvas.handle());
+    first->setPaintHook([&](HDC, const Rect&) { late->setVisible(true); });
+    tree->repaintAll();
+    tree->paint(canvas.handle());
+    EXPECT_TRUE(tree->needsPaint());
+    tree->paint(canvas.handle());
+    EXPECT_FALSE(tree->needsPaint());
+    Canvas whole({400, 300});
+    tree->repaintAll();
+    tree->paint(whole.handle());
+    EXPECT_EQ(canvas.pixels == whole.pixels, true);
+    // Hooks that take away what is being painted.
+    last->setPaintHook([&](HDC, const Rect&) { last->setPaintHook({}); });
+    late->setPaintHook([&](HDC, const Rect&) { tree->root().removeChild(*late); });
+    first->setPaintHook([&](HDC, const Rect&) { tree->paint(canvas.handle()); });
+    for (int i = 0; i < 3; ++i) {
+        tree->repaintAll();
+        tree->paint(canvas.handle());
+        EXPECT_TRUE(canvas.clips.empty());
+    }
+}
+
+TEST_F(TaviWindow, AWheelThatNobodyWantsIsOfferedOnceToEach) {
+    Panel* parent = &tree->root();
+    for (int depth = 0; depth < 24; ++depth) {
+        parent = add(L"nested", {0, 0, 100, 100}, parent, true);
+    }
+    tree->setFocus(parent);
+    taken();
+    EXPECT_FALSE(tree->pointerWheel({.position = {5, 5}, .steps = 1}));
+    EXPECT_EQ(taken().size(), 24U);
+    EXPECT_FALSE(tree->pointerWheel({.position = {300, 5}, .steps = 1}));
+    EXPECT_EQ(taken().size(), 24U) << "by the focus";
 }
 
 TEST_F(TaviWindow, TooltipsWaitAndGo) {
@@ -379,7 +498,8 @@ TEST(TaviWindowLife, AnythingMayBeDestroyedInAnyCallback) {
     using Entry = void (*)(WindowTree&);
     const std::pair<const wchar_t*, Entry> entries[] = {
         {L"move", [](WindowTree& tree) { tree.pointerMove({.position = {15, 15}}); }},
-        {L"press", [](WindowTree& tree) { tree.pointerPress({.position = {15, 15}, .button = PointerButton::Left}); }},
+        {L"press",
+         [](WindowTree& tree) { tree.pointerPress({.position = {15, 15}, .button = PointerButton::Left, .held = 2}); }},
         {L"release",
          [](WindowTree& tree) { tree.pointerRelease({.position = {15, 15}, .button = PointerButton::Left}); }},
         {L"wheel", [](WindowTree& tree) { tree.pointerWheel({.position = {15, 15}, .steps = 1}); }},
@@ -413,7 +533,7 @@ TEST(TaviWindowLife, AnythingMayBeDestroyedInAnyCallback) {
                 if (name == std::wstring_view(L"release") || name == std::wstring_view(L"lost") ||
                     name == std::wstring_view(L"leave")) {
                     inner->takesInput = true;
-                    tree->pointerPress({.position = {15, 15}, .button = PointerButton::Left});
+                    tree->pointerPress({.position = {15, 15}, .button = PointerButton::Left, .held = 2});
                 }
                 int left = when;
                 bool done = false;

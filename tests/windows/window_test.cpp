@@ -244,6 +244,15 @@ TEST_F(TaviWin32, TakesInput) {
     sendKey('A', false);
     pump(50);
     EXPECT_EQ(taken(), (Log{L"key"})) << "the character of a key that was handled is dropped";
+    PostMessageW(window.handle(), WM_CHAR, 'b', 0);
+    pump(50);
+    EXPECT_EQ(taken(), (Log{L"text b"})) << "one that comes without a key is not";
+    for (int i = 0; i < 3; ++i) {
+        sendKey(VK_SPACE, true);
+    }
+    sendKey(VK_SPACE, false);
+    pump(50);
+    EXPECT_EQ(taken(), (Log{L"activate", L"text  ", L"text  "})) << "held: pressed once, typed by who types";
 
     const HWND handle = window.handle();
     PostMessageW(handle, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(30, 30));
@@ -277,7 +286,8 @@ TEST_F(TaviWin32, StaysBetweenItsMinimumAndTheWorkArea) {
     EXPECT_EQ(dragged.left, 120 - 370 - frame.cx);
 
     window.setDefaultClientSize({420, 320});
-    for (const int command : {SW_MAXIMIZE, SW_MINIMIZE, SW_RESTORE}) {
+    for (const int command : {SW_MAXIMIZE, SW_MINIMIZE, SW_RESTORE, SW_SHOWMINIMIZED}) {
+        ShowWindow(handle, command == SW_SHOWMINIMIZED ? SW_MAXIMIZE : command);
         ShowWindow(handle, command);
         window.resetToDefaultSize();
         EXPECT_EQ(clientOf(window).cx, 420) << command;
@@ -398,6 +408,46 @@ TEST_F(TaviWin32, OtherThreadsHandTheirRequestsOver) {
     window.post([&] { ranOn = 1; });
     EXPECT_EQ(ranOn, 1U) << "on its own thread at once";
     window.requestRepaint();
+    bool taken = true;
+    std::thread late([&] { taken = window.post([&] { ranOn = 2; }); });
+    late.join();
+    EXPECT_FALSE(taken);
+    EXPECT_EQ(ranOn, 1U) << "the window is gone";
+}
+
+TEST_F(TaviWin32, WhatWasPostedKeepsItsOrderAroundADialog) {
+    open();
+    std::wstring order;
+    DialogWindow dialog(kInstance);
+    std::thread other([&] {
+        window.post([&] {
+            order += L"1";
+            ASSERT_TRUE(dialog.create({.clientSize = {100, 80}, .owner = window.handle()}));
+            dialog.runModal();
+            order += L"4";
+        });
+        window.post([&] { order += L"2"; });
+        window.post([&] {
+            order += L"3";
+            dialog.end(DialogResult::Ok);
+        });
+    });
+    other.join();
+    EXPECT_TRUE(pumpUntil([&] { return order.size() == 4; }));
+    EXPECT_EQ(order, L"1234");
+}
+
+TEST_F(TaviWin32, ALoopEndsWithAWindowThatWasClosedByASentMessage) {
+    open();
+    const HWND handle = window.handle();
+    std::thread other([&] {
+        Sleep(100);
+        SendMessageW(handle, WM_CLOSE, 0, 0);
+    });
+    EXPECT_EQ(window.run(), 0);
+    other.join();
+    const Window::Poster poster = Window(kInstance).poster();
+    EXPECT_FALSE(poster([] {})) << "its window is gone";
 }
 
 // What a dialog's owner sees while the dialog runs and when it ends.
@@ -450,6 +500,34 @@ TEST_F(TaviDialog, EndsWithItsResult) {
     EXPECT_EQ(dialog->runModal(), DialogResult::None) << "it is not there any more";
     ASSERT_TRUE(dialog->create({.title = L"again", .clientSize = {200, 100}, .owner = owner.handle()}));
     EXPECT_EQ(run(WM_KEYDOWN, VK_ESCAPE), DialogResult::Close);
+}
+
+TEST_F(TaviDialog, EndedBeforeItRunsItEndsAtOnce) {
+    std::thread worker([&] { dialog->end(DialogResult::No); });
+    worker.join();
+    EXPECT_EQ(dialog->runModal(), DialogResult::No);
+    ASSERT_TRUE(dialog->create({.clientSize = {200, 100}, .owner = owner.handle()}));
+    dialog->end(DialogResult::Yes);
+    EXPECT_EQ(dialog->runModal(), DialogResult::Yes);
+}
+
+// Return opens it: the character that Windows has made of the key must not be typed into the owner meanwhile.
+TEST_F(TaviDialog, KeepsTheCharacterOfItsKeyFromItsOwner) {
+    Log typed;
+    Box* const field = owner.root().add<Box>(L"field", Rect{100, 0, 50, 50}, &typed);
+    owner.tree().setFocus(field);
+    field->handledKey = VK_RETURN;
+    field->then = [&](const std::wstring& hook) {
+        if (hook == L"key") {
+            PostMessageW(dialog->handle(), WM_KEYDOWN, VK_ESCAPE, 0);
+            dialog->runModal();
+        }
+    };
+    PostMessageW(owner.handle(), WM_KEYDOWN, VK_RETURN, 0);
+    PostMessageW(owner.handle(), WM_CHAR, '\r', 0);
+    pump(200);
+    EXPECT_EQ(std::ranges::count(typed, L"text \r"), 0);
+    EXPECT_EQ(std::ranges::count(typed, L"key"), 1);
 }
 
 TEST_F(TaviDialog, ClosesWithoutAButton) {

@@ -1,0 +1,47 @@
+// The debug overlay on a device context.
+#include <windows.h>
+
+#include "tavi/core/drawing.h"
+#include "tavi/core/window_native.h"
+
+namespace tavi {
+namespace {
+
+constexpr int32_t kFontHeight = 11;  // design pixels
+constexpr uint32_t kTextGround = 0x202020;
+
+}  // namespace
+
+void WindowNative::drawOverlay(HDC target, const std::vector<OverlayItem>& items) {
+    LOGFONTW description{};
+    GetObjectW(GetStockObject(DEFAULT_GUI_FONT), sizeof(description), &description);
+    description.lfHeight = -tree_->scale().length(kFontHeight);
+    const HFONT font = CreateFontIndirectW(&description);
+    const HGDIOBJ fontBefore = SelectObject(target, font);
+    const int mode = SetBkMode(target, TRANSPARENT);
+    for (const OverlayItem& item : items) {
+        const Rect area = tree_->scale().device(item.area);
+        if (item.kind == OverlayItem::Kind::Fill) {
+            fillRect(target, area, item.color);
+        } else if (item.kind == OverlayItem::Kind::Frame) {
+            frameRect(target, area, item.color);
+        } else {
+            SIZE extent{};
+            const int length = static_cast<int>(item.text.size());
+            GetTextExtentPoint32W(target, item.text.c_str(), length, &extent);
+            fillRect(target,
+                     {area.x, area.y, std::min<int32_t>(extent.cx + 6, area.width),
+                      std::min<int32_t>(extent.cy + 2, area.height)},
+                     kTextGround);
+            SetTextColor(target, item.color);
+            const RECT clip = toWindows(area);
+            ExtTextOutW(target, area.x + 3, area.y + 1, ETO_CLIPPED, &clip, item.text.c_str(),
+                        static_cast<UINT>(length), nullptr);
+        }
+    }
+    SetBkMode(target, mode);
+    SelectObject(target, fontBefore);
+    DeleteObject(font);
+}
+
+}  // namespace tavi
