@@ -4,7 +4,7 @@
 #include "tavi/core/geometry.h"
 #include "tavi/core/native_handles.h"
 
-struct tagRECT;
+struct tagRECT;  // NOLINT(readability-identifier-naming): the name is that of Windows
 
 namespace tavi {
 

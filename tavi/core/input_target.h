@@ -1,6 +1,7 @@
 // The input half of a control: one virtual hook for each thing that mouse and keyboard can do. All defaults do nothing,
 // so a control overrides only what it cares for. Points are in its own coordinates. A hook may destroy anything, its
-// own control included; who calls it checks.
+// own control included; who calls it checks. One that answers says true when it has handled the event, and also when
+// its control is gone: an override that calls its base class touches nothing any more after a true.
 #pragma once
 
 #include <optional>

@@ -228,6 +228,7 @@ bool Panel::pointerRelease(PointerEvent& event) {
     for (Control* const child : visibleChildren()) {
         children.emplace_back(*child);
     }
+    const WeakControl self(*this);
     bool handled = false;
     for (const WeakControl& child : children) {
         if (child && child->parent() == this) {
@@ -236,7 +237,7 @@ bool Panel::pointerRelease(PointerEvent& event) {
             handled = child->pointerRelease(translated) || handled;
         }
     }
-    return handled;
+    return handled || !self;
 }
 
 }  // namespace tavi

@@ -73,8 +73,20 @@ def content_problems():
         yield "there is no LICENSE"
 
 
+def hook_problems():
+    """The table of a control's hooks names each virtual operation of the code once, and nothing else."""
+    sources = text("tavi/core/control.h") + text("tavi/core/input_target.h")
+    operations = re.findall(r"^    virtual (?:[\w:<>&* ]+?[ *&])?(~?\w+)\(", sources, re.MULTILINE)
+    operations = ["destructor" if name.startswith("~") else name for name in operations]
+    table = text("docs/architecture.md").split("### What a control may override", 1)[1].split("\n### ", 1)[0]
+    listed = re.findall(r"^\| \d+ \| `?(\w+)`? ", table, re.MULTILINE)
+    if sorted(operations) != sorted(listed):
+        yield (f"docs/architecture.md lists the hooks otherwise than the code: only one of them has "
+               f"{sorted(set(operations) ^ set(listed))}")
+
+
 def main():
-    problems = [*option_problems(), *key_problems(), *link_problems(), *content_problems()]
+    problems = [*option_problems(), *key_problems(), *link_problems(), *content_problems(), *hook_problems()]
     return report(problems, f"{len(files('*.md'))} papers")
 
 

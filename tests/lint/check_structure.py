@@ -63,7 +63,7 @@ def main():
     if len(sources) < 20 or len(texts) < 40:
         return report(["hardly any files were found"], "structure")
     problems = [problem for path in sources for problem in problems_of(path)]
-    problems += [problem for path in [*sources, *files("bench/*.cpp", "fuzz/*.cpp")] for problem in windows_problems(path)]
+    problems += [problem for path in [*sources, *files("bench/*.cpp", "fuzz/*.cpp", "examples/*.cpp")] for problem in windows_problems(path)]
     problems += [problem for path in texts for problem in text_problems(path)]
     return report(problems, f"structure of {len(sources)} sources and {len(texts)} texts")
 

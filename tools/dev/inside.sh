@@ -92,7 +92,9 @@ command_fuzz() {
 command_gallery() {
   mkdir -p "$repo/out"
   "$repo/tools/gallery/gallery.sh" "$repo/out/gallery.png"
-  say "written: out/gallery.png"
+  build win64
+  with_display python3 "$repo/tools/gallery/windows.py" "$repo/out/windows.png"
+  say "written: out/gallery.png, out/windows.png and the pictures in out/windows"
 }
 
 command_format() {
