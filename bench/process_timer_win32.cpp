@@ -7,21 +7,15 @@
 
 #include "base/win32/files.h"
 #include "base/win32/unique_handle.h"
+#include "bench/clock.h"
 #include "bench/timer_jobs.h"
 #include "tests/tools/text_lines.h"
 
 namespace {
 
+using bench::microseconds;
 using bench::parseTimerJobs;
 using bench::TimerJobs;
-
-long long now() {
-    LARGE_INTEGER count{};
-    LARGE_INTEGER frequency{};
-    QueryPerformanceCounter(&count);
-    QueryPerformanceFrequency(&frequency);
-    return count.QuadPart * 1000000 / frequency.QuadPart;
-}
 
 DWORD run(std::wstring commandLine) {
     STARTUPINFOW startup{};
@@ -43,9 +37,9 @@ std::string measure(const TimerJobs& plan) {
     std::string report;
     for (int round = 0; round < plan.rounds; ++round) {
         for (size_t i = 0; i < plan.jobs.size(); ++i) {
-            const long long start = now();
+            const long long start = microseconds();
             const DWORD code = run(plan.jobs[i].commandLine);
-            const long long end = now();
+            const long long end = microseconds();
             if (code != plan.jobs[i].expectedCode) {
                 return "failed " + std::to_string(i) + " " + std::to_string(code) + "\n";
             }

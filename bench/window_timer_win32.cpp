@@ -9,22 +9,17 @@
 
 #include "base/win32/files.h"
 #include "base/win32/system_library.h"
+#include "bench/clock.h"
 #include "tavi/core/window.h"
 
 namespace {
+
+using bench::microseconds;
 
 constexpr int kRounds = 41;
 constexpr int kRepaints = 40;
 constexpr int kControls = 50;
 constexpr tavi::Size kClient{690, 344};
-
-long long now() {
-    LARGE_INTEGER count{};
-    LARGE_INTEGER frequency{};
-    QueryPerformanceCounter(&count);
-    QueryPerformanceFrequency(&frequency);
-    return count.QuadPart * 1000000 / frequency.QuadPart;
-}
 
 void drawRectangle(HDC target, const RECT& rect) {
     SetDCBrushColor(target, 0x8A5A2C);
@@ -43,7 +38,7 @@ LRESULT CALLBACK bareProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM 
 }
 
 long long openBare(HINSTANCE instance) {
-    const long long start = now();
+    const long long start = microseconds();
     WNDCLASSW description{};
     description.lpfnWndProc = bareProcedure;
     description.hInstance = instance;
@@ -57,7 +52,7 @@ long long openBare(HINSTANCE instance) {
     ShowWindow(window, SW_SHOW);
     UpdateWindow(window);
     GdiFlush();
-    const long long end = now();
+    const long long end = microseconds();
     DestroyWindow(window);
     return end - start;
 }
@@ -119,7 +114,7 @@ private:
 
 // Opens a window with the controls; 0 when it cannot be had.
 long long open(tavi::Window& window, const Surface* surface) {
-    const long long start = now();
+    const long long start = microseconds();
     for (int i = 0; i < kControls; ++i) {
         window.root().add<Tile>(L"tile " + std::to_wstring(i), tavi::Rect{10 + i % 10 * 67, 10 + i / 10 * 65, 60, 55},
                                 surface);
@@ -129,7 +124,7 @@ long long open(tavi::Window& window, const Surface* surface) {
     }
     window.show();
     GdiFlush();
-    return now() - start;
+    return microseconds() - start;
 }
 
 // What the controls of a skin do dominates; what the framework and the window system add is the same for both.
@@ -141,13 +136,13 @@ std::pair<long long, long long> repaint(HINSTANCE instance, const Surface& groun
     }
     tavi::Control& tile = *window.root().findById(L"tile 7");
     const auto repeat = [&](const auto& request) {
-        const long long begin = now();
+        const long long begin = microseconds();
         for (int i = 0; i < kRepaints; ++i) {
             request();
             UpdateWindow(window.handle());
         }
         GdiFlush();
-        return now() - begin;
+        return microseconds() - begin;
     };
     const long long small = repeat([&] { tile.requestRepaint(); });
     return {small, repeat([&] { window.requestRepaint(); })};

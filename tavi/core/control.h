@@ -193,7 +193,8 @@ private:
     friend class WeakControl;
     friend class Panel;
     void place(const Rect& parentArea, const std::vector<Rect>& contour);
-    void reportPlacing(const Rect& parentArea, const LayoutResult& result) const;
+    void changeBounds(const Rect& bounds, bool isBase);
+    void reportPlacing(const Rect& parentArea, const LayoutResult& result, const ContourFit& fit) const;
     void reportOverlaps() const;
     bool afterBoundsChanged();
     bool adopt(ChildList& list, std::unique_ptr<Control> control);

@@ -64,16 +64,22 @@ thread_local Control::LayoutScope* Control::LayoutScope::outermost = nullptr;
 thread_local uint64_t Control::LayoutScope::number = 0;
 
 void Control::setBounds(const Rect& bounds) {
-    if (bounds == bounds_) {
-        return;
+    if (bounds != bounds_) {
+        changeBounds(bounds, true);
     }
+}
+
+// With `isBase` the application wants them, and layout starts from them.
+void Control::changeBounds(const Rect& bounds, bool isBase) {
     const LayoutScope scope;
     const WeakControl self(*this);
     requestRepaint(kRepaintGeometry);
     bounds_ = bounds;
-    layoutBase_ = bounds;
-    layoutCaptured_ = false;
-    if (afterBoundsChanged()) {
+    if (isBase) {
+        layoutBase_ = bounds;
+        layoutCaptured_ = false;
+    }
+    if (afterBoundsChanged() && isBase) {
         layoutParent();
     }
     if (self) {
@@ -169,46 +175,29 @@ void Control::place(const Rect& parentArea, const std::vector<Rect>& contour) {
                                               .constraints = constraints_ ? &*constraints_ : nullptr,
                                               .minimum = minimumSize(),
                                               .parentArea = parentArea});
-    const bool diagnostics = window_ != nullptr && window_->diagnostics();
-    if (diagnostics) {
-        reportPlacing(parentArea, result);
+    const ContourFit fit = fitIntoContour(result.bounds, minimumSize(), contour);
+    if (window_ != nullptr && window_->diagnostics()) {
+        reportPlacing(parentArea, result, fit);
     }
-    Rect bounds = result.bounds;
-    if (!contour.empty()) {
-        const Size minimum = minimumSize();
-        const ContourFit fit = fitIntoContour(bounds, minimum, contour);
-        if (diagnostics && fit.minimumCannotFit.any()) {
-            window_->writeDiagnostic(
-                reportContourFit({.parent = parent_ != nullptr ? parent_->id_ : std::wstring_view(),
-                                  .control = id_,
-                                  .parentArea = parentArea,
-                                  .before = bounds,
-                                  .after = fit.bounds,
-                                  .minimumCannotFit = fit.minimumCannotFit}));
-        }
-        bounds = fit.bounds;
-    }
-    if (bounds == bounds_) {
-        return;
-    }
-    const LayoutScope scope;
-    const WeakControl self(*this);
-    requestRepaint(kRepaintGeometry);
-    bounds_ = bounds;
-    if (afterBoundsChanged()) {
-        tellWindow();
-    }
-    if (self) {
-        requestRepaint(kRepaintGeometry);
+    if (fit.bounds != bounds_) {
+        changeBounds(fit.bounds, false);
     }
 }
 
-void Control::reportPlacing(const Rect& parentArea, const LayoutResult& result) const {
+void Control::reportPlacing(const Rect& parentArea, const LayoutResult& result, const ContourFit& fit) const {
     if (result.clamped.any()) {
         window_->writeDiagnostic(reportClamp(id_, parentArea, minimumSize(), anchors_, result));
     }
     if (result.fitted.any()) {
         window_->writeDiagnostic(reportFit(id_, parentArea, result));
+    }
+    if (fit.minimumCannotFit.any()) {
+        window_->writeDiagnostic(reportContourFit({.parent = parent_ != nullptr ? parent_->id_ : std::wstring_view(),
+                                                   .control = id_,
+                                                   .parentArea = parentArea,
+                                                   .before = result.bounds,
+                                                   .after = fit.bounds,
+                                                   .minimumCannotFit = fit.minimumCannotFit}));
     }
 }
 

@@ -92,7 +92,7 @@ public:
     // Set once for the process, before its first window.
     static DpiAwareness dpiAwareness();
 
-    // How often WM_PAINT has painted controls, and how often it only copied what was there.
+    // How often a paint has painted controls, and how often it only copied what was there.
     struct PaintCounts {
         uint64_t painted = 0;
         uint64_t copied = 0;

@@ -108,14 +108,6 @@ WindowNative::Answer WindowNative::onFocus(const Message& message) {
     return 0;
 }
 
-WindowNative::Answer WindowNative::onActivate(const Message& message) {
-    // Windows takes the focus back only to the window that had it last, which may be another one of the thread.
-    if (LOWORD(message.wParam) != WA_INACTIVE && !IsIconic(handle_)) {
-        SetFocus(handle_);
-    }
-    return 0;
-}
-
 void WindowNative::takeKeyboard() {
     if (handle_ != nullptr && GetActiveWindow() == handle_) {
         SetFocus(handle_);

@@ -1,4 +1,4 @@
-// The Win32 half of a window, behind Window. Its methods are spread over files by job: window_win32 (life and
+// The Win32 half of a window, behind Window. Its methods are spread over files by job: window_life_win32 (creation and
 // dispatch), window_modal_win32, window_post_win32, window_input_win32, window_ime_win32, window_sizing_win32,
 // window_dpi_win32, window_paint_win32, window_overlay_win32, window_tooltip_win32.
 //
@@ -117,7 +117,6 @@ private:
     Answer onSystemCharacter(const Message& message);
     Answer onEditCommand(const Message& message);
     Answer onFocus(const Message& message);
-    Answer onActivate(const Message& message);
     // Input methods.
     Answer onInputContext(const Message& message);
     Answer onCompositionStart(const Message& message);
@@ -145,6 +144,7 @@ private:
     void enableOwner();
     void dropPosted();
     void updateClient();
+    void bringIntoReach();
     Size windowSize(Size client, int32_t dpi) const;
     Rect workArea() const;
     Rect windowRect() const;

@@ -1,6 +1,8 @@
 // The debug overlay on a device context.
 #include <windows.h>
 
+#include <algorithm>
+
 #include "tavi/core/drawing.h"
 #include "tavi/core/window_native.h"
 
@@ -9,6 +11,19 @@ namespace {
 
 constexpr int32_t kFontHeight = 11;  // design pixels
 constexpr uint32_t kTextGround = 0x202020;
+
+// A line of text at the upper left of its room, on a ground of its own.
+void drawLabel(HDC target, const Rect& room, const OverlayItem& item) {
+    SIZE extent{};
+    const int length = static_cast<int>(item.text.size());
+    GetTextExtentPoint32W(target, item.text.c_str(), length, &extent);
+    const Size label{std::min<int32_t>(extent.cx + 6, room.width), std::min<int32_t>(extent.cy + 2, room.height)};
+    fillRect(target, {room.x, room.y, label.width, label.height}, kTextGround);
+    SetTextColor(target, item.color);
+    const RECT clip = toWindows(room);
+    ExtTextOutW(target, room.x + 3, room.y + 1, ETO_CLIPPED, &clip, item.text.c_str(), static_cast<UINT>(length),
+                nullptr);
+}
 
 }  // namespace
 
@@ -21,22 +36,10 @@ void WindowNative::drawOverlay(HDC target, const std::vector<OverlayItem>& items
     const int mode = SetBkMode(target, TRANSPARENT);
     for (const OverlayItem& item : items) {
         const Rect area = tree_->scale().device(item.area);
-        if (item.kind == OverlayItem::Kind::Fill) {
-            fillRect(target, area, item.color);
-        } else if (item.kind == OverlayItem::Kind::Frame) {
+        if (item.kind == OverlayItem::Kind::Frame) {
             frameRect(target, area, item.color);
         } else {
-            SIZE extent{};
-            const int length = static_cast<int>(item.text.size());
-            GetTextExtentPoint32W(target, item.text.c_str(), length, &extent);
-            fillRect(target,
-                     {area.x, area.y, std::min<int32_t>(extent.cx + 6, area.width),
-                      std::min<int32_t>(extent.cy + 2, area.height)},
-                     kTextGround);
-            SetTextColor(target, item.color);
-            const RECT clip = toWindows(area);
-            ExtTextOutW(target, area.x + 3, area.y + 1, ETO_CLIPPED, &clip, item.text.c_str(),
-                        static_cast<UINT>(length), nullptr);
+            drawLabel(target, area, item);
         }
     }
     SetBkMode(target, mode);

@@ -10,9 +10,9 @@
 
 namespace tavi {
 
-// Something flat that is drawn over the tree: a filled area, a frame, a line of text with its ground.
+// Something flat that is drawn over the tree: a frame, or a line of text with its ground.
 struct OverlayItem {
-    enum class Kind { Fill, Frame, Text };
+    enum class Kind { Frame, Text };
     Kind kind = Kind::Frame;
     Rect area;           // design pixels; for a text the room it may take
     uint32_t color = 0;  // 0xBBGGRR

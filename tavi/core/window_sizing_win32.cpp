@@ -61,13 +61,16 @@ Size WindowNative::effectiveMinimumClientSize() {
 
 void WindowNative::setMinimumClientSize(Size size) {
     minimumClient_ = larger(size, {});
-    if (handle_ != nullptr && !IsIconic(handle_) && !IsZoomed(handle_)) {
-        const Rect now = windowRect();
-        const Rect fitted =
-            fitWindowRectToMinimumAndWorkArea(now, windowSize(effectiveMinimumClientSize(), dpi_), workArea());
-        if (fitted.size() != now.size()) {
-            move(fitted);
-        }
+    if (handle_ != nullptr) {
+        bringIntoReach();
+    }
+}
+
+// As large as its minimum at least, no larger than its work area and inside it.
+void WindowNative::bringIntoReach() {
+    if (!IsIconic(handle_) && !IsZoomed(handle_)) {
+        move(fitWindowRectToMinimumAndWorkArea(windowRect(), windowSize(effectiveMinimumClientSize(), dpi_),
+                                               workArea()));
     }
 }
 
