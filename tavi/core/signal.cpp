@@ -91,10 +91,10 @@ SignalBase::Emission::~Emission() {
 }
 
 SignalConnectionState* SignalBase::Emission::next() {
-    while (signal_ != nullptr && last_ != nullptr && current_.get() != last_) {
-        current_ = current_ ? current_->next_ : signal_->first_;
+    while (signal_ != nullptr && current_ != last_) {
+        current_ = current_ != nullptr ? current_->next_.get() : signal_->first_.get();
         if (current_->connected()) {
-            return current_.get();
+            return current_;
         }
     }
     return nullptr;

@@ -97,14 +97,15 @@ protected:
         Emission(const Emission&) = delete;
         Emission& operator=(const Emission&) = delete;
         ~Emission();
-        // The next connected callback, kept alive until the call after; null at the end or when the signal is gone.
+        // The next connected callback; null at the end or when the signal is gone. It stays where it is until the
+        // emission ends: nothing is taken from the list meanwhile, and the list of a signal that goes is kept.
         SignalConnectionState* next();
 
     private:
         friend class SignalBase;
         SignalBase* signal_;  // null when the signal was destroyed meanwhile
         Emission* outer_;
-        std::shared_ptr<SignalConnectionState> current_;
+        SignalConnectionState* current_ = nullptr;
         SignalConnectionState* last_;
         // The list of a signal that was destroyed meanwhile: its callbacks may still be running.
         std::shared_ptr<SignalConnectionState> orphans_;
