@@ -28,7 +28,7 @@ REPAINT_RATIO = 0.1
 SIZE_LIMIT = 1.5 * 1024 * 1024
 TEXTS_LIMIT = 2.5 * 1024 * 1024
 PORTABLE_RATIOS = {"text_lookup": 1.0, "utf8": 8.0, "json_lookup": 2.0, "quoting": 4.0, "manifest": 60.0, "configuration": 40.0,
-                   "find_by_id": 1.3, "emission": 6.0}
+                   "find_by_id": 1.3, "emission": 4.0}
 # Nanoseconds a control; and how much more one costs in a large tree, which no cache holds, than in a small one.
 RELAYOUT_LIMIT = 200.0
 RELAYOUT_GROWTH = 3.0

@@ -382,6 +382,14 @@ bool Control::hitTest(Point local) const {
     return shape.empty() || std::ranges::any_of(shape, [&](const Rect& rect) { return rect.contains(local); });
 }
 
+void Control::releaseTreeCaches() {
+    const WeakControl self(*this);
+    releaseCaches();
+    if (self) {
+        visitOwned(auxiliary_, children_, [](Control& each) { each.releaseTreeCaches(); });
+    }
+}
+
 void Control::notifyTree() {
     const WeakControl self(*this);
     if (details().treeNotification) {

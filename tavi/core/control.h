@@ -155,6 +155,8 @@ public:
     virtual void windowChanged() {}
     // Lets go of what can be computed anew. WM_DPICHANGED, WM_DISPLAYCHANGE, a new skin.
     virtual void releaseCaches() {}
+    // The same for it and everything below.
+    void releaseTreeCaches();
     // Paints it; `origin` is where its own origin lies in the target, in design pixels (deviceRect maps from there).
     // WM_PAINT.
     virtual void paint(HDC /*target*/, Point /*origin*/) {}

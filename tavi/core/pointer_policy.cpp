@@ -51,14 +51,17 @@ void PointerPolicy::hover() {
             now.push_back(each);
         }
     }
-    const std::vector<WeakControl> before = std::exchange(entered_, now);
+    const std::vector<WeakControl> before = entered_;
+    std::erase_if(entered_, [&](const WeakControl& each) { return !holds(now, each.get()); });
     for (size_t i = before.size(); i-- > 0;) {
         if (before[i] && !holds(now, before[i].get())) {
             before[i]->pointerLeft();
         }
     }
+    // Hooks may have moved the pointer elsewhere, or taken controls away.
     for (const WeakControl& each : now) {
-        if (each && !holds(before, each.get()) && holds(entered_, each.get())) {
+        if (each && holds(hoverPath_, each.get()) && !holds(entered_, each.get())) {
+            entered_.push_back(each);
             each->pointerEntered();
         }
     }

@@ -1,21 +1,6 @@
 #include "tavi/core/window_tree.h"
 
 namespace tavi {
-namespace {
-
-void releaseTreeCaches(Control& control) {
-    control.releaseCaches();
-    for (const Control::ChildList* list : {&control.children(), &control.auxiliary()}) {
-        for (const auto& each : *list) {
-            if (each) {
-                releaseTreeCaches(*each);
-            }
-        }
-    }
-}
-
-}  // namespace
-
 WindowTree::WindowTree(Key, WindowPlatform& platform)
     : platform_(platform), root_(L"root"), pointer_(root_, platform), focus_(root_, platform), tooltip_(platform) {
     root_.setWindow(this);
@@ -86,7 +71,7 @@ void WindowTree::setClient(Size device, int32_t dpi) {
 
 void WindowTree::environmentChanged() {
     enter([&] {
-        releaseTreeCaches(root_);
+        root_.releaseTreeCaches();
         root_.notifyTree();
         repaintAll();
         return true;

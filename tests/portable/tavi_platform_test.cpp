@@ -59,11 +59,11 @@ TEST(TaviSizing, WindowsStayWithinTheirWorkArea) {
 
 TEST(TaviSizing, FrameOfAWindowThatDrawsItsOwn) {
     const std::pair<Point, const wchar_t*> cases[] = {
-        {{0, 100}, L"HTLEFT"},          {{5, 100}, L"HTLEFT"},     {{6, 100}, L"HTCLIENT"},
-        {{399, 100}, L"HTRIGHT"},       {{200, 0}, L"HTTOP"},      {{200, 299}, L"HTBOTTOM"},
-        {{0, 0}, L"HTTOPLEFT"},         {{11, 5}, L"HTTOPLEFT"},   {{11, 6}, L"HTCLIENT"},
-        {{5, 11}, L"HTTOPLEFT"},        {{399, 0}, L"HTTOPRIGHT"}, {{0, 299}, L"HTBOTTOMLEFT"},
-        {{390, 299}, L"HTBOTTOMRIGHT"}, {{200, 150}, L"HTCLIENT"}};
+        {{0, 100}, L"HTLEFT"},       {{5, 100}, L"HTLEFT"},          {{6, 100}, L"HTCLIENT"},
+        {{394, 100}, L"HTRIGHT"},    {{393, 100}, L"HTCLIENT"},      {{200, 0}, L"HTTOP"},
+        {{200, 299}, L"HTBOTTOM"},   {{0, 0}, L"HTTOPLEFT"},         {{11, 5}, L"HTTOPLEFT"},
+        {{11, 6}, L"HTCLIENT"},      {{5, 11}, L"HTTOPLEFT"},        {{399, 0}, L"HTTOPRIGHT"},
+        {{0, 299}, L"HTBOTTOMLEFT"}, {{390, 299}, L"HTBOTTOMRIGHT"}, {{200, 150}, L"HTCLIENT"}};
     for (const auto& [point, expected] : cases) {
         EXPECT_EQ(describeHitCode(static_cast<int>(hitTestFrame(point, {400, 300}, 6))), expected)
             << testing::PrintToString(describe(point));
@@ -79,21 +79,35 @@ TEST(TaviMessages, PointersAndWheels) {
         return static_cast<intptr_t>((static_cast<uint32_t>(y) & 0xFFFF) << 16 | (static_cast<uint32_t>(x) & 0xFFFF));
     };
     EXPECT_EQ(pointOf(parameter(-1920, -5)), (Point{-1920, -5})) << "a monitor to the left";
-    const PointerMessage pressed = translatePointer(message::kLeftDouble, 0x0001 | 0x0004, parameter(-3, 7), true);
-    EXPECT_EQ(pressed.action, PointerAction::Press);
-    EXPECT_EQ(pressed.event.button, PointerButton::Left);
-    EXPECT_EQ(pressed.event.clicks, 2);
-    EXPECT_EQ(pressed.event.position, (Point{-3, 7}));
-    EXPECT_EQ(pressed.event.modifiers, kShift | kAlt);
-    EXPECT_EQ(pressed.event.held, heldFlag(PointerButton::Left));
-    EXPECT_EQ(translatePointer(message::kMouseMove, 0x0072, 0, false).event.held,
-              heldFlag(PointerButton::Right) | heldFlag(PointerButton::Middle) | heldFlag(PointerButton::X1) |
-                  heldFlag(PointerButton::X2));
-    EXPECT_EQ(translatePointer(message::kExtraDown, 0x00010000, 0, false).event.button, PointerButton::X1);
-    EXPECT_EQ(translatePointer(message::kExtraUp, 0x00020008, 0, false).event.button, PointerButton::X2);
-    EXPECT_EQ(translatePointer(message::kExtraUp, 0x00020008, 0, false).event.modifiers, +kControlKey);
-    EXPECT_EQ(translatePointer(message::kMouseMove, 0, 0, false).action, PointerAction::Move);
-    EXPECT_EQ(translatePointer(message::kMiddleUp, 0, 0, false).action, PointerAction::Release);
+    struct Case {
+        uint32_t number;
+        uintptr_t keys;
+        PointerAction action;
+        PointerButton button;
+        int32_t clicks;
+    };
+    using enum PointerAction;
+    using enum PointerButton;
+    constexpr Case kCases[] = {
+        {message::kMouseMove, 0, Move, None, 0},        {message::kLeftDown, 0, Press, Left, 1},
+        {message::kLeftUp, 0, Release, Left, 1},        {message::kLeftDouble, 0, Press, Left, 2},
+        {message::kRightDown, 0, Press, Right, 1},      {message::kRightUp, 0, Release, Right, 1},
+        {message::kRightDouble, 0, Press, Right, 2},    {message::kMiddleDown, 0, Press, Middle, 1},
+        {message::kMiddleUp, 0, Release, Middle, 1},    {message::kMiddleDouble, 0, Press, Middle, 2},
+        {message::kExtraDown, 0x10000, Press, X1, 1},   {message::kExtraUp, 0x20000, Release, X2, 1},
+        {message::kExtraDouble, 0x20000, Press, X2, 2},
+    };
+    for (const Case& c : kCases) {
+        const PointerMessage message = translatePointer(c.number, c.keys, parameter(-3, 7), false);
+        EXPECT_EQ(std::tuple(message.action, message.event.button, message.event.clicks),
+                  std::tuple(c.action, c.button, c.clicks))
+            << std::hex << c.number;
+        EXPECT_EQ(message.event.position, (Point{-3, 7}));
+    }
+    const PointerEvent all = translatePointer(message::kMouseMove, 0x0077, 0, true).event;
+    EXPECT_EQ(all.held, heldFlag(Left) | heldFlag(Right) | heldFlag(Middle) | heldFlag(X1) | heldFlag(X2));
+    EXPECT_EQ(all.modifiers, kShift | kAlt);
+    EXPECT_EQ(translateWheel(message::kWheel, 0x0008, {}, false).modifiers, +kControlKey);
 
     EXPECT_DOUBLE_EQ(translateWheel(message::kWheel, 0xFF880000, {4, 5}, false).steps, -1.0);
     EXPECT_DOUBLE_EQ(translateWheel(message::kWheel, 0x001E0000, {4, 5}, false).steps, 0.25) << "a fine wheel";
@@ -106,7 +120,14 @@ TEST(TaviMessages, KeysTextAndCommands) {
     EXPECT_EQ(held.repeats, 3);
     EXPECT_TRUE(held.wasDown);
     EXPECT_FALSE(translateKey(0x41, 1, 0).wasDown);
-    EXPECT_EQ(translateEditCommand(message::kPaste), EditCommand::Paste);
+    const std::pair<uint32_t, EditCommand> commands[] = {{message::kCut, EditCommand::Cut},
+                                                         {message::kCopy, EditCommand::Copy},
+                                                         {message::kPaste, EditCommand::Paste},
+                                                         {message::kClear, EditCommand::Clear},
+                                                         {message::kUndo, EditCommand::Undo}};
+    for (const auto& [number, command] : commands) {
+        EXPECT_EQ(translateEditCommand(number), command);
+    }
     EXPECT_EQ(translateEditCommand(message::kLeftDown), std::nullopt);
 
     TextAssembler assembler;

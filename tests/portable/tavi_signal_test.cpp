@@ -60,6 +60,7 @@ auto nested(std::function<void(Listeners&)> action) {
     };
 }
 
+// Single connections and disconnections are what the random actions below try.
 TEST(TaviSignal, EverythingIsAllowedInsideACallback) {
     struct Case {
         const char* name;
@@ -67,19 +68,10 @@ TEST(TaviSignal, EverythingIsAllowedInsideACallback) {
         const char *calls, *callsOfTheNext;
     };
     const Case cases[] = {
-        {"nothing", [](Listeners&) {}, "abc", "abc"},
-        {"disconnects an earlier one", [](Listeners& all) { all.handles[0].disconnect(); }, "abc", "bc"},
-        {"disconnects itself", [](Listeners& all) { all.handles[1].disconnect(); }, "abc", "ac"},
-        {"disconnects a later one", [](Listeners& all) { all.handles[2].disconnect(); }, "ab", "ab"},
         {"disconnects all, twice", [](Listeners& all) { disconnectAll(all), disconnectAll(all); }, "ab", ""},
         {"drops the handles", [](Listeners& all) { all.handles.clear(); }, "abc", "abc"},
-        {"connects", [](Listeners& all) { all.connect('d'); }, "abc", "abcd"},
-        {"connects in the place of another", [](Listeners& all) { all.handles.back().disconnect(), all.connect('d'); },
-         "ab", "ab"},
         {"destroys the signal", [](Listeners& all) { all.signal.reset(), disconnectAll(all); }, "ab", ""},
-        {"emits", nested([](Listeners&) {}), "ababcc", "abc"},
         {"disconnects all in a nested emission", nested(disconnectAll), "abab", ""},
-        {"connects in a nested emission", nested([](Listeners& all) { all.connect('d'); }), "ababcc", "abcd"},
         {"destroys the signal in a nested emission", nested([](Listeners& all) { all.signal.reset(); }), "abab", ""},
     };
     for (const Case& c : cases) {

@@ -1,4 +1,5 @@
 // A window's policies over its tree, with a window system that is not there.
+#include <format>
 #include <random>
 
 #include "tests/portable/host_stand_in.h"
@@ -99,22 +100,29 @@ TEST_F(TaviWindow, PaintingWhatIsDirtyIsPaintingEverything) {
 }
 
 TEST_F(TaviWindow, OnlyWhatChangedIsAskedFor) {
-    Probe* const small = add(L"small", {10, 10, 20, 10});
-    Probe* const far = add(L"far", {300, 200, 20, 10});
+    Probe* const small = add(L"small", {10, 10, 20, 10}, nullptr, true);
+    Probe* const far = add(L"far", {300, 200, 20, 10}, nullptr, true);
     Canvas canvas({400, 300});
     tree->paint(canvas.handle());
     platform.scheduled.clear();
     small->setText(L"new");
     small->setText(L"newer");
     far->setText(L"new");
-    EXPECT_EQ(platform.scheduled, (std::vector<Rect>{{10, 10, 20, 10}, {300, 200, 20, 10}}));
-    tree->paint(canvas.handle());
-    platform.scheduled.clear();
-    small->setVisible(false);
-    tree->paint(canvas.handle());
-    platform.scheduled.clear();
-    small->setText(L"unseen");
-    EXPECT_TRUE(platform.scheduled.empty()) << "nobody sees it";
+    const std::vector<Rect> both{{10, 10, 20, 10}, {300, 200, 20, 10}};
+    const std::tuple<const char*, std::vector<Rect>, std::function<void()>> cases[] = {
+        {"texts", both, [] {}},
+        {"gets the focus", {both[0]}, [&] { tree->setFocus(small); }},
+        {"takes the focus", both, [&] { tree->setFocus(far); }},
+        {"keyboard gone", {both[1]}, [&] { tree->activated(false); }},
+        {"hidden", {both[0]}, [&] { small->setVisible(false); }},
+        {"nobody sees it", {}, [&] { small->setText(L"unseen"); }},
+        {"background", {{0, 0, 400, 300}}, [&] { tree->setBackground(0x123456); }},
+    };
+    for (const auto& [name, asked, change] : cases) {
+        change();
+        EXPECT_EQ(std::exchange(platform.scheduled, {}), asked) << name;
+        tree->paint(canvas.handle());
+    }
 }
 
 TEST(TaviDirtyArea, CoversAllRequestsWithFewRectangles) {
@@ -189,8 +197,15 @@ TEST_F(TaviWindow, FocusIsToldWithTheWindowAndGoesWithAPress) {
     one->takesInput = true;
     tree->setFocus(one);
     EXPECT_EQ(taken(), (Log{L"two blur"})) << "a window without the keyboard tells nobody of a new focus";
-    tree->activated(true);
-    EXPECT_EQ(taken(), (Log{L"one focus"}));
+    EXPECT_EQ(platform.keyboards, 1);
+    for (int i = 0; i < 2; ++i) {
+        tree->activated(true);
+    }
+    EXPECT_EQ(taken(), (Log{L"one focus"})) << "once";
+    one->caret = Rect{2, 3, 1, 10};
+    tree->setClient({800, 600}, 192);
+    one->setBounds({5, 5, 50, 50});
+    EXPECT_EQ(tree->caretRectangle(), (Rect{14, 16, 2, 20}));
 }
 
 TEST_F(TaviWindow, KeysGoUpFromTheFocusAndThenToTheWindow) {
@@ -201,7 +216,8 @@ TEST_F(TaviWindow, KeysGoUpFromTheFocusAndThenToTheWindow) {
     tree->setFocus(field);
     taken();
     EXPECT_FALSE(key('A'));
-    EXPECT_EQ(taken(), (Log{L"field key", L"group key"}));
+    tree->keyRelease({.code = 'A'});
+    EXPECT_EQ(taken(), (Log{L"field key", L"group key", L"field key up", L"group key up"}));
     group->takesInput = true;
     EXPECT_TRUE(key(key::kReturn));
     EXPECT_EQ(taken(), (Log{L"field key", L"group key"})) << "whoever handles it keeps it from the window";
@@ -221,19 +237,27 @@ TEST_F(TaviWindow, KeysGoUpFromTheFocusAndThenToTheWindow) {
     field->activates = true;
     EXPECT_EQ(lastOf(key::kReturn), L"field activate") << "what has the focus goes before the default";
     cancel->setEnabled(false);
+    EXPECT_EQ(lastOf(key::kEscape), L"group key") << "a cancel control that is disabled: there is no way out now";
     EXPECT_EQ(platform.cancels, 0);
-    EXPECT_TRUE(key(key::kEscape));
-    EXPECT_EQ(platform.cancels, 0) << "a cancel control that is disabled: there is no way out now";
     tree->focus().setCancel(nullptr);
     EXPECT_TRUE(key(key::kEscape));
     EXPECT_EQ(platform.cancels, 1);
-    taken();
-    tree->keyPress({.code = key::kReturn, .wasDown = true});
-    EXPECT_EQ(taken(), (Log{L"field key", L"group key"})) << "a held key does not press again and again";
+    for (const uint32_t code : {key::kReturn, key::kSpace, key::kEscape}) {
+        taken();
+        tree->keyPress({.code = code, .wasDown = true});
+        EXPECT_EQ(taken(), (Log{L"field key", L"group key"})) << "a held key does not press again and again";
+    }
+    EXPECT_EQ(platform.cancels, 1);
+    field->activates = false;
+    const std::unique_ptr<Control> removed = tree->root().removeChild(*ok);
+    EXPECT_EQ(lastOf(key::kReturn), L"field activate") << "the default has left";
     tree->textInput({L"x"});
     tree->compositionChanged({L"k", 1});
     tree->editCommand(EditCommand::Copy);
     EXPECT_EQ(taken(), (Log{L"field text x", L"field composition k", L"field edit"}));
+    field->then = [&](const std::wstring&) { group->setEnabled(false); };
+    key('A');
+    EXPECT_EQ(taken(), (Log{L"field key", L"field blur"})) << "the next was disabled meanwhile";
 }
 
 TEST_F(TaviWindow, APressKeepsThePointerUntilTheLastButtonIsUp) {
@@ -248,6 +272,7 @@ TEST_F(TaviWindow, APressKeepsThePointerUntilTheLastButtonIsUp) {
     taken();
     move({20, 20});
     EXPECT_EQ(taken(), (Log{L"button leave", L"group leave", L"button move"})) << "nothing else lights up meanwhile";
+    EXPECT_EQ(button->at, (Point{-90, -90}));
     press({20, 20}, PointerButton::Right);
     release({20, 20});
     EXPECT_TRUE(platform.grabbed) << "the right button is still down";
@@ -261,10 +286,18 @@ TEST_F(TaviWindow, APressKeepsThePointerUntilTheLastButtonIsUp) {
     EXPECT_EQ(taken(), (Log{L"button cancelled"}));
     EXPECT_EQ(tree->pointerOwner(), nullptr);
 
+    platform.grabbed = false;
     press({115, 115});
+    EXPECT_TRUE(platform.grabbed) << "anew";
+    taken();
+    tree->capturePointer(*group);
+    EXPECT_EQ(taken(), (Log{L"button cancelled"})) << "another one takes it";
+    tree->capturePointer(*button);
     taken();
     const std::unique_ptr<Control> removed = group->removeChild(*button);
     EXPECT_EQ(taken(), (Log{L"button cancelled", L"button leave", L"button detached"}));
+    tree->capturePointer(*button);
+    EXPECT_EQ(tree->pointerOwner(), nullptr) << "it is out of the tree";
     release({115, 115});
     EXPECT_FALSE(platform.grabbed);
     // A press that ends in a handler, by a dialog that it opens, captures nothing.
@@ -317,6 +350,35 @@ TEST_F(TaviWindow, HoverAndFocusFollowATreeThatChanges) {
     button->setEnabled(true);
     tree->update();
     EXPECT_EQ(taken(), (Log{L"button leave", L"button enter"}));
+    Probe* const cover = add(L"cover", {0, 0, 100, 100});
+    const std::tuple<bool, bool, Probe*> covers[] = {
+        {true, false, cover}, {true, true, button}, {false, false, button}, {true, false, cover}};
+    for (const auto& [visible, transparent, under] : covers) {
+        cover->setVisible(visible);
+        cover->transparent = transparent;
+        move({15, 15});
+        EXPECT_EQ(tree->hovered(), under) << "the last painted that is seen";
+    }
+    Probe* const inner = cover->add<Probe>(L"inner", Rect{0, 0, 100, 100}, &log);
+    tree->pointerLeave();
+    cover->setEnabled(false);
+    taken();
+    move({15, 15});
+    EXPECT_EQ(taken(), Log{}) << "in something disabled";
+    cover->setEnabled(true);
+    tree->pointerLeave();
+    std::unique_ptr<Control> gone;
+    taken();
+    cover->then = [&](const std::wstring& hook) {
+        if (hook == L"enter") {
+            gone = cover->removeChild(*inner);
+        }
+    };
+    move({15, 15});
+    EXPECT_EQ(taken(), (Log{L"cover enter", L"inner detached", L"cover move", L"button move"}))
+        << "it left before it was told";
+    tree->root().removeChild(*cover);
+    tree->update();
 
     // A field whose loss of the focus opens a message box: the window is deactivated and activated in its hook.
     Probe* const field = add(L"field", {50, 10, 20, 20}, nullptr, true);
@@ -360,7 +422,7 @@ TEST_F(TaviWindow, ATreeThatChangesWhileItIsPaintedIsPaintedAgain) {
     // Hooks that take away what is being painted.
     last->setPaintHook([&](HDC, const Rect&) { last->setPaintHook({}); });
     late->setPaintHook([&](HDC, const Rect&) { tree->root().removeChild(*late); });
-    first->setPaintHook([&](HDC, const Rect&) { tree->paint(canvas.handle()); });
+    first->setPaintHook([&](HDC, const Rect&) { tree->repaintAll(), tree->paint(canvas.handle()); });
     for (int i = 0; i < 3; ++i) {
         tree->repaintAll();
         tree->paint(canvas.handle());
@@ -392,6 +454,7 @@ TEST_F(TaviWindow, TooltipsWaitAndGo) {
     EXPECT_EQ(platform.tooltip, L"");
     tree->timeOut(WindowTimer::Tooltip);
     EXPECT_EQ(platform.tooltip, L"about");
+    EXPECT_EQ(platform.tooltipTimer, 0);
     EXPECT_EQ(platform.tooltipAnchor, (Rect{100, 100, 50, 20}));
     move({140, 110});
     EXPECT_EQ(platform.tooltip, L"about") << "from " << testing::PrintToString(inner->id()) << " to its parent";
@@ -406,9 +469,33 @@ TEST_F(TaviWindow, TooltipsWaitAndGo) {
     EXPECT_EQ(platform.tooltipTimer, 0) << "not again before the pointer was elsewhere";
     move({110, 110});
     EXPECT_EQ(platform.tooltipTimer, kTooltipDelay);
+    move({10, 10});
+    EXPECT_EQ(platform.tooltipTimer, 0);
+    move({110, 110});
     owner->setVisible(false);
     tree->timeOut(WindowTimer::Tooltip);
     EXPECT_EQ(platform.tooltip, L"");
+    EXPECT_EQ(platform.tooltipTimer, 0);
+
+    tree->setClient({800, 600}, 192);
+    next->anchor = Rect{5, 5, 10, 10};
+    const std::pair<const char*, std::function<void()>> ends[] = {
+        {"press", [&] { press({420, 220}); }},
+        {"wheel", [&] { tree->pointerWheel({.position = {420, 220}, .steps = 1}); }},
+        {"hidden", [&] { next->setVisible(false), tree->update(); }},
+        {"deactivated", [&] { tree->activated(false); }},
+        {"closed", [&] { tree->close(); }},
+    };
+    for (const auto& [name, end] : ends) {
+        next->setVisible(true);
+        move({10, 10});
+        move({420, 220});
+        tree->timeOut(WindowTimer::Tooltip);
+        EXPECT_EQ(platform.tooltip, L"more") << name;
+        EXPECT_EQ(platform.tooltipAnchor, (Rect{410, 210, 20, 20})) << "a place of its own";
+        end();
+        EXPECT_EQ(platform.tooltip, L"") << name;
+    }
 }
 
 TEST(TaviTooltip, PlacesBesideItsAnchorWithinBounds) {
@@ -436,32 +523,60 @@ TEST(TaviTooltip, PlacesBesideItsAnchorWithinBounds) {
 TEST_F(TaviWindow, DebugOverlay) {
     Probe* const box = add(L"box", {100, 100, 50, 20});
     box->setContours(ContourKind::Shape, {{5, 0, 40, 20}});
+    box->setMinimumSize(60, 20);
+    Probe* const inner = add(L"inner", {6, 5, 10, 10}, box);
+    add(L"hidden", {0, 0, 10, 10}, box)->setVisible(false);
     move({110, 110});
     EXPECT_FALSE(key(key::kF12, kShift)) << "its keys are free while it is off";
     EXPECT_TRUE(key(key::kF12, kControlKey));
     EXPECT_TRUE(tree->needsPaint());
+    tree->keyPress({.code = key::kF12, .modifiers = kControlKey, .wasDown = true});
+    EXPECT_TRUE(tree->overlay().on) << "held";
+    Canvas canvas({400, 300});
+    tree->paint(canvas.handle());
+    move({111, 110});
+    EXPECT_TRUE(tree->needsPaint()) << "it shows where the pointer is";
     for (const uint32_t modifiers : {kControlKey | kAlt, +kShift, kControlKey | kShift, +kAlt}) {
         EXPECT_TRUE(key(key::kF12, modifiers));
     }
-    EXPECT_EQ(overlayStatusLine(tree->overlay(), {110, 110}, box),
-              L"Ctrl+F12 UI debug | mode=hot | ids=on | content=on | contours=on | cursor (110, 110) | hot=box");
-    const std::vector<OverlayItem> items = overlayPicture(tree->root(), tree->overlay(), {110, 110}, box);
-    const auto shows = [&](OverlayItem::Kind kind, const Rect& area, const std::wstring& text) {
-        return std::ranges::any_of(items, [&](const OverlayItem& item) {
-            return item.kind == kind && item.area == area && item.text == text;
-        });
+    EXPECT_EQ(tree->overlay(), (OverlayState{true, OverlayMode::Hot, true, true, true}));
+
+    // What it shows of "box", "inner" and "hidden" in each mode; the colors are those of bounds, hot, base and contour.
+    const std::pair<OverlayState, Log> cases[] = {
+        {{.on = false}, {}},
+        {{.on = true},
+         {L"c8ff (0, 0, 400x300)", L"c8ff (100, 100, 60x20)", L"4040ff (106, 105, 10x10)",
+          L"Ctrl+F12 UI debug | mode=bounds | ids=off | content=off | contours=off | cursor (7, 8) | hot=inner"}},
+        {{.on = true, .mode = OverlayMode::Hot, .ids = true},
+         {L"4040ff (106, 105, 10x10)", L"inner", L"c8ff (100, 100, 60x20)", L"box", L"c8ff (0, 0, 400x300)", L"root",
+          L"Ctrl+F12 UI debug | mode=hot | ids=on | content=off | contours=off | cursor (7, 8) | hot=inner"}},
+        {{.on = true, .mode = OverlayMode::Layout, .contours = true},
+         {L"c8ff (0, 0, 400x300)", L"ff80ff (100, 100, 50x20)", L"c8ff (100, 100, 60x20)", L"ffff40 (105, 100, 40x20)",
+          L"4040ff (106, 105, 10x10)",
+          L"Ctrl+F12 UI debug | mode=layout | ids=off | content=off | contours=on | cursor (7, 8) | hot=inner"}},
     };
-    EXPECT_TRUE(shows(OverlayItem::Kind::Frame, {100, 100, 50, 20}, L""));
-    EXPECT_TRUE(shows(OverlayItem::Kind::Frame, {105, 100, 40, 20}, L"")) << "the contour";
-    EXPECT_TRUE(shows(OverlayItem::Kind::Text, {100, 100, 50, 20}, L"box"));
-    EXPECT_EQ(items.back().text,
-              L"F12 flame source | Ctrl+F12 toggle | Ctrl+Alt+F12 mode | Shift+F12 ids | "
-              L"Ctrl+Shift+F12 content | Alt+F12 contours");
+    for (const auto& [state, expected] : cases) {
+        Log shown;
+        const std::vector<OverlayItem> items = overlayPicture(tree->root(), state, {7, 8}, inner);
+        for (const OverlayItem& item : items) {
+            shown.push_back(item.kind == OverlayItem::Kind::Text
+                                ? item.text
+                                : std::format(L"{:x} ", item.color) + describe(item.area));
+        }
+        if (state.on) {
+            EXPECT_EQ(shown.back(),
+                      L"F12 flame source | Ctrl+F12 toggle | Ctrl+Alt+F12 mode | Shift+F12 ids | "
+                      L"Ctrl+Shift+F12 content | Alt+F12 contours");
+            EXPECT_EQ(items.back().area.bottom(), 300);
+            shown.pop_back();
+        }
+        EXPECT_EQ(shown, expected);
+    }
     EXPECT_TRUE(key(key::kF12));
-    EXPECT_TRUE(platform.clipboard.starts_with(
-        L"Tavi debug context\r\ncursor=(110, 110)\r\ncontrol=root/box\r\nbounds=(100, 100, 50x20)"));
-    EXPECT_TRUE(key(key::kF12, kControlKey));
-    EXPECT_TRUE(overlayPicture(tree->root(), tree->overlay(), {110, 110}, box).empty());
+    EXPECT_TRUE(
+        platform.clipboard.starts_with(L"Tavi debug context\r\ncursor=(111, 110)\r\ncontrol=root/box/inner\r\n"
+                                       L"bounds=(6, 5, 10x10)\r\nclient=(106, 105, 10x10)\r\n"))
+        << testing::PrintToString(platform.clipboard);
 }
 
 TEST_F(TaviWindow, TheClientAreaAndItsScale) {
@@ -474,7 +589,10 @@ TEST_F(TaviWindow, TheClientAreaAndItsScale) {
     EXPECT_EQ(tree->root().bounds(), (Rect{0, 0, 400, 300}));
     EXPECT_EQ(box->bounds(), (Rect{100, 100, 50, 20}));
     EXPECT_EQ(focused(), L"box");
-    EXPECT_EQ(notified, std::vector<int32_t>{144});
+    EXPECT_TRUE(std::ranges::contains(taken(), L"box caches"));
+    tree->setClient({601, 450}, 144);
+    tree->setClient({600, 450}, 144);
+    EXPECT_EQ(notified, std::vector<int32_t>{144}) << "only with the scale";
     platform.scheduled.clear();
     Canvas canvas({600, 450});
     tree->paint(canvas.handle());
@@ -482,43 +600,51 @@ TEST_F(TaviWindow, TheClientAreaAndItsScale) {
     EXPECT_EQ(platform.scheduled, (std::vector<Rect>{{150, 150, 75, 30}}));
     move({150, 150});
     EXPECT_EQ(tree->hovered(), box) << "input comes in device pixels";
+    taken();
+    press({220, 175});
+    release({220, 175});
+    EXPECT_EQ(box->at, (Point{46, 16}));
+    tree->setFocus(nullptr);
+    tree->pointerWheel({.position = {220, 175}, .steps = 1});
+    EXPECT_EQ(taken(), (Log{L"box press", L"box release", L"box blur", L"box wheel"}));
+    move({150, 150});
     move({149, 150});
     EXPECT_EQ(tree->hovered(), &tree->root());
     tree->setDiagnostics(true);
     for (int i = 0; i < 2; ++i) {
         tree->writeDiagnostic(L"[Tavi layout warning] the same");
+        tree->writeDiagnostic(L"[Tavi diagnostic] Panel::minimumContentSizeHint the same");
         tree->writeDiagnostic(L"[Tavi diagnostic] each time");
     }
-    EXPECT_EQ(platform.lines.size(), 3U) << "a warning is written once";
+    EXPECT_EQ(platform.lines.size(), 4U) << "warnings and hints are written once";
 }
 
 // In every hook of every entry: destroying the control, its parent, all children, or closing and letting go of the
 // window.
 TEST(TaviWindowLife, AnythingMayBeDestroyedInAnyCallback) {
-    using Entry = void (*)(WindowTree&);
-    const std::pair<const wchar_t*, Entry> entries[] = {
-        {L"move", [](WindowTree& tree) { tree.pointerMove({.position = {15, 15}}); }},
-        {L"press",
-         [](WindowTree& tree) { tree.pointerPress({.position = {15, 15}, .button = PointerButton::Left, .held = 2}); }},
-        {L"release",
-         [](WindowTree& tree) { tree.pointerRelease({.position = {15, 15}, .button = PointerButton::Left}); }},
-        {L"wheel", [](WindowTree& tree) { tree.pointerWheel({.position = {15, 15}, .steps = 1}); }},
-        {L"leave", [](WindowTree& tree) { tree.pointerLeave(); }},
-        {L"lost", [](WindowTree& tree) { tree.pointerLost(); }},
-        {L"tab", [](WindowTree& tree) { tree.keyPress({.code = key::kTab}); }},
-        {L"return", [](WindowTree& tree) { tree.keyPress({.code = key::kReturn}); }},
-        {L"escape", [](WindowTree& tree) { tree.keyPress({.code = key::kEscape}); }},
-        {L"key up", [](WindowTree& tree) { tree.keyRelease({.code = 'A'}); }},
-        {L"text", [](WindowTree& tree) { tree.textInput({L"x"}); }},
-        {L"composition", [](WindowTree& tree) { tree.compositionChanged({L"x", 0}); }},
-        {L"edit", [](WindowTree& tree) { tree.editCommand(EditCommand::Cut); }},
-        {L"blur", [](WindowTree& tree) { tree.activated(false); }},
-        {L"scale", [](WindowTree& tree) { tree.setClient({300, 200}, 144); }},
-        {L"close", [](WindowTree& tree) { tree.close(); }},
+    constexpr PointerButton kLeft = PointerButton::Left;
+    using Tree = WindowTree&;
+    const std::pair<std::wstring_view, void (*)(Tree)> entries[] = {
+        {L"move", [](Tree tree) { tree.pointerMove({.position = {15, 15}}); }},
+        {L"press", [](Tree tree) { tree.pointerPress({.position = {15, 15}, .button = kLeft, .held = 2}); }},
+        {L"release", [](Tree tree) { tree.pointerRelease({.position = {15, 15}, .button = kLeft}); }},
+        {L"wheel", [](Tree tree) { tree.pointerWheel({.position = {15, 15}, .steps = 1}); }},
+        {L"leave", [](Tree tree) { tree.pointerLeave(); }},
+        {L"lost", [](Tree tree) { tree.pointerLost(); }},
+        {L"tab", [](Tree tree) { tree.keyPress({.code = key::kTab}); }},
+        {L"return", [](Tree tree) { tree.keyPress({.code = key::kReturn}); }},
+        {L"escape", [](Tree tree) { tree.keyPress({.code = key::kEscape}); }},
+        {L"key up", [](Tree tree) { tree.keyRelease({.code = 'A'}); }},
+        {L"text", [](Tree tree) { tree.textInput({L"x"}); }},
+        {L"composition", [](Tree tree) { tree.compositionChanged({L"x", 0}); }},
+        {L"edit", [](Tree tree) { tree.editCommand(EditCommand::Cut); }},
+        {L"blur", [](Tree tree) { tree.activated(false); }},
+        {L"scale", [](Tree tree) { tree.setClient({300, 200}, 144); }},
+        {L"close", [](Tree tree) { tree.close(); }},
     };
     int calls = 0;
     for (const auto& [name, entry] : entries) {
-        for (int deed = 0; deed < 5; ++deed) {
+        for (size_t deed = 0; deed < 5; ++deed) {
             for (int when = 0; when < 4; ++when) {
                 PlatformStandIn platform;
                 std::shared_ptr<WindowTree> tree = WindowTree::create(platform);
@@ -530,36 +656,19 @@ TEST(TaviWindowLife, AnythingMayBeDestroyedInAnyCallback) {
                 tree->activated(true);
                 tree->focus().setDefault(inner);
                 tree->focus().setCancel(after);
-                if (name == std::wstring_view(L"release") || name == std::wstring_view(L"lost") ||
-                    name == std::wstring_view(L"leave")) {
+                if (name == L"release" || name == L"lost" || name == L"leave") {
                     inner->takesInput = true;
-                    tree->pointerPress({.position = {15, 15}, .button = PointerButton::Left, .held = 2});
+                    tree->pointerPress({.position = {15, 15}, .button = kLeft, .held = 2});
                 }
                 int left = when;
-                bool done = false;
+                const std::function<void()> deeds[] = {[&] { group->removeChild(*inner); },
+                                                       [&] { tree->root().removeChild(*group); },
+                                                       [&] { tree->close(); }, [&] { tree->close(), tree.reset(); },
+                                                       [&] { inner->setEnabled(false), group->setVisible(false); }};
                 const auto act = [&](const std::wstring&) {
-                    if (done || left-- > 0) {
-                        return;
-                    }
-                    done = true;
-                    ++calls;
-                    switch (deed) {
-                        case 0:
-                            group->removeChild(*inner);
-                            break;
-                        case 1:
-                            tree->root().removeChild(*group);
-                            break;
-                        case 2:
-                            tree->close();
-                            break;
-                        case 3:
-                            tree->close();
-                            tree.reset();
-                            break;
-                        default:
-                            inner->setEnabled(false);
-                            group->setVisible(false);
+                    if (left-- == 0) {
+                        ++calls;
+                        deeds[deed]();
                     }
                 };
                 inner->then = after->then = static_cast<Probe*>(group)->then = act;

@@ -53,6 +53,7 @@ public:
     std::wstring clipboard;
     std::vector<std::wstring> lines;
     int cancels = 0;
+    int keyboards = 0;  // how often the keyboard was taken
 
     void schedulePaint(const tavi::Rect& area) override { scheduled.push_back(area); }
     void fill(HDC target, const tavi::Rect& area, uint32_t color) override {
@@ -66,7 +67,7 @@ public:
     void pushClip(HDC target, const tavi::Rect& area) override { Canvas::of(target).clips.push_back(area); }
     void popClip(HDC target) override { Canvas::of(target).clips.pop_back(); }
     void grabPointer(bool grab) override { grabbed = grab; }
-    void takeKeyboard() override {}
+    void takeKeyboard() override { ++keyboards; }
     void setTimer(tavi::WindowTimer, int32_t milliseconds) override { tooltipTimer = milliseconds; }
     void showTooltip(const std::wstring& text, const tavi::Rect& anchor) override {
         tooltip = text, tooltipAnchor = anchor;
@@ -87,6 +88,10 @@ public:
     bool takesFocus = false;
     bool takesInput = false;
     bool activates = false;
+    bool transparent = false;
+    tavi::Point at;  // of the last move or release
+    std::optional<tavi::Rect> anchor;
+    std::optional<tavi::Rect> caret;
     // Called at the end of every hook; may destroy this control.
     std::function<void(const std::wstring& hook)> then;
 
@@ -95,9 +100,15 @@ public:
         Canvas::of(target).blend(deviceRect(localBounds(), origin), color, false);
         Panel::paint(target, origin);
     }
-    bool pointerMove(tavi::PointerEvent& event) override { return Panel::pointerMove(event) || note(L"move"); }
+    bool pointerMove(tavi::PointerEvent& event) override {
+        at = event.position;
+        return Panel::pointerMove(event) || note(L"move");
+    }
     bool pointerPress(tavi::PointerEvent& event) override { return Panel::pointerPress(event) || note(L"press"); }
-    bool pointerRelease(tavi::PointerEvent& event) override { return Panel::pointerRelease(event) || note(L"release"); }
+    bool pointerRelease(tavi::PointerEvent& event) override {
+        at = event.position;
+        return Panel::pointerRelease(event) || note(L"release");
+    }
     bool pointerWheel(tavi::WheelEvent& event) override { return Panel::pointerWheel(event) || note(L"wheel"); }
     bool keyPress(tavi::KeyEvent&) override { return note(L"key"); }
     bool keyRelease(tavi::KeyEvent&) override { return note(L"key up"); }
@@ -105,6 +116,15 @@ public:
     bool compositionChanged(tavi::CompositionEvent& event) override { return note(L"composition " + event.text); }
     bool editCommand(tavi::EditCommand) override { return note(L"edit"); }
     bool acceptsFocus() const override { return takesFocus; }
+    bool transparentToPointer() const override { return transparent; }
+    std::optional<tavi::Rect> tooltipAnchor() const override { return anchor; }
+    std::optional<tavi::Rect> caretRectangle() const override { return caret; }
+    void releaseCaches() override {
+        Panel::releaseCaches();
+        if (log != nullptr) {
+            log->push_back(id() + L" caches");
+        }
+    }
     void focusChanged(bool focused) override { note(focused ? L"focus" : L"blur"); }
     bool activate() override {
         const bool does = activates;
