@@ -27,8 +27,8 @@ class WindowTree;
 inline constexpr uint32_t kOverlappedStyle = 0x00CF0000;
 
 struct WindowOptions {
-    std::wstring title = {};
-    Size clientSize = {};  // an extent below 1 stands for a default
+    std::wstring title = {};  // empty: the one set with setTitle
+    Size clientSize = {};     // an extent below 1 stands for a default
     uint32_t style = kOverlappedStyle;
     uint32_t extendedStyle = 0;
     // The controls draw the frame, too: the client area is the whole window.
@@ -48,6 +48,7 @@ public:
     bool create(const WindowOptions& options);
     // Null before it is created and after it was closed.
     HWND handle() const;
+    const std::wstring& title() const;
     Panel& root();
     WindowTree& tree();
 

@@ -139,6 +139,9 @@ bool WindowNative::create(const WindowOptions& options) {
     if (handle_ != nullptr || window_ == nullptr || !WindowProcedure::registerClass(instance_)) {
         return false;
     }
+    if (!options.title.empty()) {
+        title_ = options.title;
+    }
     style_ = options.style;
     extendedStyle_ = options.extendedStyle;
     customChrome_ = options.customChrome;
@@ -155,7 +158,7 @@ bool WindowNative::create(const WindowOptions& options) {
     const std::optional<TestDesktop> testDesktop = TestDesktop::requested();
     const Rect expected = place(workAreaOf(options.owner));
     const Point corner = testDesktop ? TestDesktop::kHiddenPlace : expected.position();
-    const HWND made = CreateWindowExW(extendedStyle_, kWindowClass, options.title.c_str(),
+    const HWND made = CreateWindowExW(extendedStyle_, kWindowClass, title_.c_str(),
                                       testDesktop ? TestDesktop::placingStyle(style_) : style_, corner.x, corner.y,
                                       expected.width, expected.height, options.owner, nullptr, instance_, this);
     if (made == nullptr) {
@@ -213,7 +216,10 @@ WindowNative::Answer WindowNative::onDestroy(const Message& /*message*/) {
 }
 
 void WindowNative::setTitle(const std::wstring& title) {
-    SetWindowTextW(handle_, title.c_str());
+    title_ = title;
+    if (handle_ != nullptr) {
+        SetWindowTextW(handle_, title.c_str());
+    }
 }
 
 WindowNative::Answer WindowNative::onTimer(const Message& message) {

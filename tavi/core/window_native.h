@@ -61,6 +61,7 @@ public:
     // Any thread. Runs it at once on the window's own one. False when the window is gone or refuses: it is dropped
     // then.
     bool post(std::function<void()> function);
+    const std::wstring& title() const { return title_; }
     void setTitle(const std::wstring& title);
     void setEscapeCloses(bool closes) { escapeCloses_ = closes; }
     void setSink(std::function<void(const std::wstring&)> sink) { sink_ = std::move(sink); }
@@ -157,6 +158,7 @@ private:
     const uint32_t thread_;
     std::atomic<HWND> handle_ = nullptr;  // other threads look at it before they post
     std::shared_ptr<WindowTree> tree_;
+    std::wstring title_;
     uint32_t style_ = 0;
     uint32_t extendedStyle_ = 0;
     bool customChrome_ = false;

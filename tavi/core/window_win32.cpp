@@ -24,6 +24,10 @@ HWND Window::handle() const {
     return native_->handle();
 }
 
+const std::wstring& Window::title() const {
+    return native_->title();
+}
+
 Panel& Window::root() {
     return native_->tree().root();
 }
