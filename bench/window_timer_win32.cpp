@@ -1,11 +1,12 @@
 // window_timer OUT.txt: measures windows of the UI framework beside bare ones, in turn, and writes the microseconds of
-// each round, a line a round: opening a bare window that draws one rectangle, opening one with 50 controls, painting
-// one small control of it again, painting all of it again. Opening counts from the registration of the class to the end
-// of the first paint.
+// each round, a line a round: opening a bare window that draws one rectangle, its repaints, opening one of ours with 50
+// controls that draw one each, repaints of one small control of a window of translucent surfaces, repaints of all of
+// it. Opening counts from the registration of the class to the end of the first paint.
 #include <windows.h>
 
 #include <span>
 #include <string>
+#include <utility>
 
 #include "base/win32/files.h"
 #include "base/win32/system_library.h"
@@ -37,7 +38,20 @@ LRESULT CALLBACK bareProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM 
     return DefWindowProcW(handle, message, wParam, lParam);
 }
 
-long long openBare(HINSTANCE instance) {
+// Asks for a paint and waits for it, again and again.
+template <typename Request>
+long long repaints(HWND window, const Request& request) {
+    const long long start = microseconds();
+    for (int i = 0; i < kRepaints; ++i) {
+        request();
+        UpdateWindow(window);
+    }
+    GdiFlush();
+    return microseconds() - start;
+}
+
+// Opening the window, and its repaints, which cost little more than their messages.
+std::pair<long long, long long> openBare(HINSTANCE instance) {
     const long long start = microseconds();
     WNDCLASSW description{};
     description.lpfnWndProc = bareProcedure;
@@ -53,8 +67,10 @@ long long openBare(HINSTANCE instance) {
     UpdateWindow(window);
     GdiFlush();
     const long long end = microseconds();
+    const RECT small{20, 20, 80, 75};
+    const long long repainted = repaints(window, [&] { InvalidateRect(window, &small, FALSE); });
     DestroyWindow(window);
-    return end - start;
+    return {end - start, repainted};
 }
 
 // A translucent surface, as skins paint them: pixels of its own, blended.
@@ -135,17 +151,8 @@ std::pair<long long, long long> repaint(HINSTANCE instance, const Surface& groun
         return {};
     }
     tavi::Control& tile = *window.root().findById(L"tile 7");
-    const auto repeat = [&](const auto& request) {
-        const long long begin = microseconds();
-        for (int i = 0; i < kRepaints; ++i) {
-            request();
-            UpdateWindow(window.handle());
-        }
-        GdiFlush();
-        return microseconds() - begin;
-    };
-    const long long small = repeat([&] { tile.requestRepaint(); });
-    return {small, repeat([&] { window.requestRepaint(); })};
+    const long long small = repaints(window.handle(), [&] { tile.requestRepaint(); });
+    return {small, repaints(window.handle(), [&] { window.requestRepaint(); })};
 }
 
 }  // namespace
@@ -156,14 +163,14 @@ int wmain(int argc, wchar_t** argv) {
     const Surface surface({60, 55});
     std::string report;
     for (int round = 0; round < kRounds; ++round) {
-        const long long bare = openBare(instance);
+        const auto [bare, message] = openBare(instance);
         const long long ours = [&] {
             tavi::Window window(instance);
             return open(window, nullptr);
         }();
         const auto [small, whole] = repaint(instance, ground, surface);
         if (round > 0) {  // the first one loads fonts and the like
-            for (const long long each : {bare, ours, small, whole}) {
+            for (const long long each : {bare, message, ours, small, whole}) {
                 report += std::to_string(each) + " ";
             }
             report.back() = '\n';
