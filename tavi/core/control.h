@@ -14,6 +14,7 @@
 #include <utility>
 #include <vector>
 
+#include "tavi/core/appearance.h"
 #include "tavi/core/contour.h"
 #include "tavi/core/control_state.h"
 #include "tavi/core/input_target.h"
@@ -22,16 +23,6 @@
 #include "tavi/core/window_host.h"
 
 namespace tavi {
-
-// What one control looks like other than its style says. Colors are 0xBBGGRR.
-struct Appearance {
-    std::wstring styleName;
-    std::optional<uint32_t> textColor;
-    std::optional<uint32_t> fillColor;
-    std::optional<uint32_t> borderColor;
-
-    bool operator==(const Appearance&) const = default;
-};
 
 class Control : public InputTarget {
 public:
