@@ -7,8 +7,8 @@
 
 namespace tavi {
 
-// Values without a unit count from 0 to 255. Angles are degrees, counterclockwise from the right as on paper; light comes
-// from `lightAngle`, at `lightElevation` above the surface (0 grazing, 255 upright).
+// Values without a unit count from 0 to 255. Angles are degrees, clockwise from the right (y points down), so -90 is
+// up; light comes from `lightAngle`, at `lightElevation` above the surface (0 grazing, 255 upright).
 struct MaterialProfile {
     MaterialKind surface = MaterialKind::kNone;  // of windows and panels
     MaterialKind control = MaterialKind::kNone;
