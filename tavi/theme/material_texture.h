@@ -22,8 +22,8 @@ struct MaterialRequest {
     bool operator==(const MaterialRequest&) const = default;
 };
 
-// Paints the layer over all of `target`, whose extent is the request's size, replacing what is there. Nothing is painted,
-// and false comes back, for no material, a disabled profile or an empty size.
+// Paints the layer over all of `target`, whose extent is the request's size, replacing what is there. Nothing is
+// painted, and false comes back, for no material, a disabled profile or an empty size.
 bool renderMaterialTexture(const MaterialRequest& request, PixelView target);
 
 }  // namespace tavi

@@ -1,5 +1,5 @@
-// Pictures in memory: 4 bytes a pixel in the order blue, green, red, alpha, rows top-down, colors premultiplied by alpha.
-// As a number of 32 bits on the processors that Windows runs on, a pixel is 0xAARRGGBB.
+// Pictures in memory: 4 bytes a pixel in the order blue, green, red, alpha, rows top-down, colors premultiplied by
+// alpha. As a number of 32 bits on the processors that Windows runs on, a pixel is 0xAARRGGBB.
 #pragma once
 
 #include <cstddef>

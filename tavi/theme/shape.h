@@ -1,7 +1,10 @@
-// What is inside the outline of a surface: the one geometric definition that painting and hit tests share.
+// What is inside the outline of a surface: the one geometric definition that painting and hit tests share. Smooth edges
+// come from the distance of a pixel's centre to that same outline.
 #pragma once
 
-#include "tavi/core/geometry.h"
+#include <array>
+#include <cstdint>
+
 #include "tavi/theme/enumerations.h"
 
 namespace tavi {
@@ -9,27 +12,65 @@ namespace tavi {
 // True when the pixel (x, y) of a width x height surface is inside the shape. Pixels outside of the surface are not.
 bool insideShape(ButtonShape shape, int width, int height, int x, int y);
 
-// How much of the pixel the shape covers, 0 to 255, for smooth edges: the distance of the pixel from the same outline that
-// insideShape draws, so it is above one half (128 and more) exactly where the pixel is inside.
-uint8_t shapeCoverage(ButtonShape shape, int width, int height, int x, int y);
-
 // The pixels [begin, end) of one row; empty when begin == end.
 struct Span {
     int begin = 0;
     int end = 0;
 
     bool operator==(const Span&) const = default;
+    bool empty() const { return begin >= end; }
 };
 
-// The pixels of row y that are inside. Every shape is convex along a row, so they are one span.
-Span insideSpan(ButtonShape shape, int width, int height, int y);
+// The outline of one surface, prepared for asking about many of its pixels. Sizes are device pixels; a surface without
+// area has no pixel inside.
+class ShapeOutline {
+public:
+    ShapeOutline(ButtonShape shape, int width, int height);
 
-// The coverage of a row: nothing outside of `touched`, 255 in all of `full` (which lies in `touched`), and what
-// shapeCoverage says between them.
-struct CoverageSpans {
-    Span touched;
-    Span full;
+    int width() const { return width_; }
+    int height() const { return height_; }
+
+    bool inside(int x, int y) const { return insideShape(shape_, width_, height_, x, y); }
+    // The pixels of row y that are inside. Every shape is convex along a row, so they are one span.
+    Span insideSpan(int y) const;
+
+    // How far the centre of the pixel lies outside of the outline, in pixels; negative inside. Any pixel, also beyond
+    // the surface.
+    float distance(int x, int y) const;
+    // The same for `count` pixels of a row from x on. `soft` is for shadows and glows: the same but for a capsule,
+    // whose ends are not half a pixel off their straight part then.
+    void distances(int x, int y, int count, float* out, bool soft = false) const;
+
+    // How much of the pixel is covered, 0 to 255: above one half (128 and more) exactly where the pixel is inside.
+    uint8_t coverage(int x, int y) const { return coverageAt(distance(x, y), x, y); }
+    // The same for a distance that is known already.
+    uint8_t coverageAt(float distance, int x, int y) const;
+
+    // The pixels of row y that lie at least `depth` pixels inside of the outline for certain: a span that may leave out
+    // some at its ends. Between it and the ends of the surface pixels are to be asked one by one.
+    Span deepSpan(int y, float depth) const;
+
+private:
+    // A straight edge: the distance of (X, Y), the centre of a pixel, is a X + b Y + c.
+    struct Edge {
+        float a = 0;
+        float b = 0;
+        float c = 0;
+    };
+    enum class Form : uint8_t { kEmpty, kBox, kEdges, kRound, kCapsule };
+
+    void addEdge(float a, float b, float c);
+    void addBevels();
+    void addSlopes();
+    float capsuleDistance(float x, float y) const;
+
+    ButtonShape shape_;
+    Form form_ = Form::kEmpty;
+    int width_ = 0;
+    int height_ = 0;
+    float radius_ = 0;  // of round corners
+    std::array<Edge, 4> edges_;
+    int edgeCount_ = 0;
 };
-CoverageSpans coverageSpans(ButtonShape shape, int width, int height, int y);
 
 }  // namespace tavi

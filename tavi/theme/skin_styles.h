@@ -1,5 +1,5 @@
-// From a skin to what is painted: the look of a control's parts in each state, made from the theme, the surface mode, the
-// materials and the shapes, then changed by the skin's style overrides.
+// From a skin to what is painted: the look of a control's parts in each state, made from the theme, the surface mode,
+// the materials and the shapes, then changed by the skin's style overrides.
 #pragma once
 
 #include <string_view>
@@ -21,9 +21,9 @@ struct StyleLook {
 };
 
 // The look of one part of a control: the skin's own derived look, then the overrides of (type, variant) at the paths
-// "<part>.normal.*" and "<part>.<state>.*", and "text.normal" and "text.<state>" for the color of the text. A variant that
-// the skin does not name takes the next one of its chain ("primary-action", "primary", "default"). Type and variant are
-// matched by their canonical names; `part` is "surface" for the control itself.
+// "<part>.normal.*" and "<part>.<state>.*", and "text.normal" and "text.<state>" for the color of the text. A variant
+// that the skin does not name takes the next one of its chain ("primary-action", "primary", "default"). Type and
+// variant are matched by their canonical names; `part` is "surface" for the control itself.
 StyleLook resolveStyle(const SkinDefinition& skin, std::wstring_view controlType, std::wstring_view variant,
                        SurfaceState state, std::wstring_view part = L"surface");
 

@@ -9,8 +9,8 @@
 
 namespace tavi {
 
-// Texts by property path ("surface.normal.gradientstart"), in order of their paths. All of them stand in one text, since
-// a catalog has thousands and each is short.
+// Texts by property path ("surface.normal.gradientstart"), in order of their paths. All of them stand in one text,
+// since a catalog has thousands and each is short.
 class StyleProperties {
 public:
     struct Property {

@@ -1,32 +1,36 @@
-// Paints a surface into a buffer: shadow, glow, fill or gradient, picture, noise, material, inner shadow, border, outline.
-// docs/surfaces.md tells what each layer is and in which order they lie.
+// Paints a surface into a buffer: shadow, glow, fill or gradient, picture, noise, material, inner shadow, border,
+// outline. docs/surfaces.md tells what each layer is and in which order they lie.
 #pragma once
 
+#include <vector>
+
 #include "tavi/theme/pixel_buffer.h"
+#include "tavi/theme/surface_margins.h"
 #include "tavi/theme/surface_style.h"
 
 namespace tavi {
-
-// How far the shadow, the glow and the outline of a style reach beyond its rectangle on each side, in device pixels. Who
-// repaints a surface repaints as much more.
-struct SurfaceMargins {
-    int left = 0;
-    int top = 0;
-    int right = 0;
-    int bottom = 0;
-
-    bool operator==(const SurfaceMargins&) const = default;
-};
-SurfaceMargins surfaceMargins(const SurfaceStyle& style);
 
 // Lays the surface over what is in `target`. `area` is its rectangle there, in device pixels; `picture` is the style's
 // picture, if it has one and it could be read. Without its material; see paintMaterial.
 void paintSurface(PixelView target, const Rect& area, const SurfaceStyle& style, PerformanceProfile profile,
                   const PixelBuffer* picture = nullptr);
 
+// One style over several adjacent rectangles as one surface: shape, gradient and border belong to the rectangle around
+// them all, and only what lies in one of them is painted.
+void paintSegmentedSurface(PixelView target, const std::vector<Rect>& segments, const SurfaceStyle& style,
+                           PerformanceProfile profile);
+
 // Lays the style's material over a painted surface, inside its border. `windowOffset` is where the origin of `target`
 // lies in the window. Returns whether anything was drawn.
 bool paintMaterial(PixelView target, const Rect& area, Point windowOffset, const SurfaceStyle& style,
                    PerformanceProfile profile);
+
+// Fills the shape with one color at that opacity and everything else of `target` with nothing. The outline is not
+// smoothed: a pixel is covered when insideShape says so.
+void fillAlphaShape(PixelView target, ButtonShape shape, Color color, uint8_t alpha);
+
+// True when the pixel (x, y) of a surface of that size belongs to it: by its picture's opacity where the style asks for
+// that and there is one, else by its shape's coverage, against the style's threshold.
+bool hitsSurface(const SurfaceStyle& style, Size size, int x, int y, const PixelBuffer* picture = nullptr);
 
 }  // namespace tavi

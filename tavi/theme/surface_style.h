@@ -56,7 +56,9 @@ struct SurfaceStyle {
     int shadowOffsetY = 2;
     int glowRadius = 8;
     int outlineWidth = 2;
-    int borderWidth = 1;  // follows the scale of the monitor; skins do not set it
+    // Skins do not set these two: the one follows the scale of the monitor, the other the performance profile.
+    int borderWidth = 1;
+    int shadowReach = 24;  // the most that a shadow blurs
     NineSlice nineSlice;
 
     GradientKind gradientKind = GradientKind::kLinear;
