@@ -44,19 +44,17 @@ std::span<const PaintLimit> paintLimits() {
     return kLimits;
 }
 
-SurfaceStyle limitedStyle(const SurfaceStyle& style, Size size, PerformanceProfile profile) {
-    SurfaceStyle limited = style;
+void limitStyle(SurfaceStyle& style, Size size, PerformanceProfile profile) {
     if (profile == PerformanceProfile::kBestGraphics) {
-        return limited;
+        return;
     }
     const bool balanced = profile == PerformanceProfile::kBalanced;
     const int64_t area = int64_t{size.width} * size.height;
     for (const PaintLimit& row : kLimits) {
         if (area >= (balanced ? row.balancedFrom : row.performanceFrom)) {
-            row.limit(limited, balanced ? row.balancedAtMost : row.performanceAtMost);
+            row.limit(style, balanced ? row.balancedAtMost : row.performanceAtMost);
         }
     }
-    return limited;
 }
 
 }  // namespace tavi

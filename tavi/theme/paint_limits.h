@@ -22,7 +22,7 @@ struct PaintLimit {
 };
 std::span<const PaintLimit> paintLimits();
 
-// The style as it is painted on a surface of that size.
-SurfaceStyle limitedStyle(const SurfaceStyle& style, Size size, PerformanceProfile profile);
+// Makes the style the one that is painted on a surface of that size.
+void limitStyle(SurfaceStyle& style, Size size, PerformanceProfile profile);
 
 }  // namespace tavi

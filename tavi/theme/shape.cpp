@@ -108,15 +108,18 @@ ShapeOutline::ShapeOutline(ButtonShape shape, int width, int height) : shape_(sh
     switch (shape) {
         case ButtonShape::kRoundedRect:
             form_ = Form::kRound;
+            straightFrom_ = (cornerDiameter(width, height) + 1) / 2;
             radius_ = static_cast<float>(cornerDiameter(width, height)) / 2;
             break;
         case ButtonShape::kCapsule:
             form_ = Form::kCapsule;
+            straightFrom_ = height;
             radius_ = std::max(1.0F, static_cast<float>(std::min(width, height)) / 2);
             break;
         case ButtonShape::kBeveled:
         case ButtonShape::kOctagon:
             form_ = Form::kEdges;
+            straightFrom_ = cornerCut(shape, width, height) + 1;
             addBevels();
             break;
         case ButtonShape::kDiamond:
@@ -124,6 +127,7 @@ ShapeOutline::ShapeOutline(ButtonShape shape, int width, int height) : shape_(sh
         case ButtonShape::kSlantRight:
         case ButtonShape::kSlantLeft:
             form_ = Form::kEdges;
+            straightFrom_ = height;
             addSlopes();
             break;
         default:

@@ -50,6 +50,12 @@ public:
     // some at its ends. Between it and the ends of the surface pixels are to be asked one by one.
     Span deepSpan(int y, float depth) const;
 
+    // The rows whose sides are the surface's own: every pixel of them is inside, and its distance from the sides is
+    // that from the outline, as long as it is farther from the ends of these rows.
+    Span straightRows() const {
+        return {straightFrom_, straightFrom_ < height_ - straightFrom_ ? height_ - straightFrom_ : straightFrom_};
+    }
+
 private:
     // A straight edge: the distance of (X, Y), the centre of a pixel, is a X + b Y + c.
     struct Edge {
@@ -68,7 +74,8 @@ private:
     Form form_ = Form::kEmpty;
     int width_ = 0;
     int height_ = 0;
-    float radius_ = 0;  // of round corners
+    int straightFrom_ = 0;  // the first of the straight rows
+    float radius_ = 0;      // of round corners
     std::array<Edge, 4> edges_;
     int edgeCount_ = 0;
 };

@@ -32,6 +32,7 @@ public:
     Body(SurfaceRows& rows, const SurfaceStyle& style)
         : rows_(rows),
           columns_(rows.columns(0, 0)),
+          straight_(straightRows(rows)),
           border_(rows.border() > 0 ? premultiplied(style.border, style.opacity) : 0),
           fill_(style.drawFill ? premultiplied(style.fill, style.opacity) : 0) {
         if (style.drawFill && style.useGradient) {
@@ -39,7 +40,58 @@ public:
         }
     }
 
+    // Rows of one color that nothing parts in the target are as good as one long row.
+    bool wholeAtOnce() {
+        const Span visible = rows_.rows(0, 0);
+        const bool plain = rows_.border() == 0 && !gradient_ && straight_.begin <= visible.begin &&
+                           straight_.end >= visible.end && rows_.stride() == columns_.end - columns_.begin;
+        if (plain) {
+            blendColor(rows_.at(columns_.begin, visible.begin),
+                       static_cast<size_t>(rows_.stride() * (visible.end - visible.begin)), fill_);
+        }
+        return plain;
+    }
+
     void row(int y) {
+        if (y >= straight_.begin && y < straight_.end) {
+            straightRow(y);
+        } else {
+            bentRow(y);
+        }
+    }
+
+private:
+    // The rows in which the outline is the surface's own sides and the border runs straight along them.
+    static Span straightRows(const SurfaceRows& rows) {
+        const Span straight = rows.outline().straightRows();
+        const Span without = {std::max(straight.begin, rows.border()),
+                              std::min(straight.end, rows.height() - rows.border())};
+        // Around a corner the border is as wide as elsewhere, and so is its inner edge bent farther along.
+        const int bent = straight.begin > 0 ? rows.border() : 0;
+        return {without.begin + bent, without.end - bent};
+    }
+
+    void straightRow(int y) {
+        if (gradient_ && gradient_->uniform()) {
+            fill_ = gradient_->rowColor(y);
+        }
+        const Span inner = intersection(columns_, Span{rows_.border(), rows_.width() - rows_.border()});
+        if (inner.empty()) {
+            side(columns_, y);
+            return;
+        }
+        side({columns_.begin, inner.begin}, y);
+        middle(inner, y, false);
+        side({inner.end, columns_.end}, y);
+    }
+
+    void side(Span span, int y) {
+        if (!span.empty()) {
+            blendColor(rows_.at(span.begin, y), static_cast<size_t>(span.end - span.begin), border_);
+        }
+    }
+
+    void bentRow(int y) {
         const bool inBorder = y < rows_.border() || y >= rows_.height() - rows_.border();
         if (gradient_ && gradient_->uniform()) {
             fill_ = gradient_->rowColor(y);
@@ -55,7 +107,6 @@ public:
         edge({full.end, columns_.end}, y);
     }
 
-private:
     void middle(Span span, int y, bool inBorder) {
         const auto count = static_cast<size_t>(span.end - span.begin);
         Pixel* const target = rows_.at(span.begin, y);
@@ -110,6 +161,7 @@ private:
 
     SurfaceRows& rows_;
     Span columns_;
+    Span straight_;
     Pixel border_;
     Pixel fill_;
     std::optional<GradientRows> gradient_;
@@ -121,6 +173,9 @@ private:
 void paintBody(SurfaceRows& rows, const SurfaceStyle& style) {
     Body body(rows, style);
     const Span visible = rows.rows(0, 0);
+    if (visible.empty() || rows.columns(0, 0).empty() || body.wholeAtOnce()) {
+        return;
+    }
     for (int y = visible.begin; y < visible.end; ++y) {
         body.row(y);
     }

@@ -23,7 +23,7 @@ int borderOf(const SurfaceStyle& style) {
 }
 
 // Lengths that a skin may have written as anything.
-SurfaceStyle bounded(SurfaceStyle style) {
+void boundLengths(SurfaceStyle& style) {
     constexpr int kLongest = 256;
     for (int* const length : {&style.shadowOffsetX, &style.shadowOffsetY}) {
         *length = std::clamp(*length, -kLongest, kLongest);
@@ -31,13 +31,20 @@ SurfaceStyle bounded(SurfaceStyle style) {
     for (int* const length : {&style.glowRadius, &style.outlineWidth, &style.tuning.innerShadowSize}) {
         *length = std::clamp(*length, 0, kLongest);
     }
+}
+
+SurfaceStyle asPainted(const SurfaceStyle& given, Size size, PerformanceProfile profile) {
+    SurfaceStyle style = given;
+    boundLengths(style);
+    limitStyle(style, size, profile);
     return style;
 }
 
 }  // namespace
 
 SurfaceMargins surfaceMargins(const SurfaceStyle& given) {
-    const SurfaceStyle style = bounded(given);
+    SurfaceStyle style = given;
+    boundLengths(style);
     const int around = std::max(style.showGlow ? style.glowRadius : 0, style.showOutline ? style.outlineWidth : 0);
     SurfaceMargins margins{around, around, around, around};
     if (style.showShadow) {
@@ -55,7 +62,7 @@ void paintSurface(PixelView target, const Rect& area, const SurfaceStyle& given,
     if (!paintable(area)) {
         return;
     }
-    const SurfaceStyle style = limitedStyle(bounded(given), area.size(), profile);
+    const SurfaceStyle style = asPainted(given, area.size(), profile);
     SurfaceRows rows(target, area, style.shape, borderOf(style));
     if (style.showShadow) {
         paintShadow(rows, style);
@@ -122,7 +129,7 @@ bool paintMaterial(PixelView target, const Rect& area, Point windowOffset, const
     if (!paintable(area)) {
         return false;
     }
-    const SurfaceStyle style = limitedStyle(bounded(given), area.size(), profile);
+    const SurfaceStyle style = asPainted(given, area.size(), profile);
     SurfaceRows rows(target, area, style.shape, borderOf(style));
     if (rows.columns(0, 0).empty() || rows.rows(0, 0).empty()) {
         return false;

@@ -29,6 +29,9 @@ public:
     // The target's pixel (x, y) of the surface.
     Pixel* at(int x, int y) const { return target_.row(area_.y + y) + area_.x + x; }
 
+    // Pixels from one row of the target to the next.
+    int stride() const { return static_cast<int>(target_.stride); }
+
     // The coverage of a pixel as 255 parts, in all and without the ring of the border.
     struct Cover {
         int all = 0;
