@@ -221,9 +221,9 @@ void ShapeOutline::distances(int x, int y, int count, float* out, bool soft) con
     }
     for (int edge = 0; edge < edgeCount_; ++edge) {
         const auto [a, b, c] = edges_[static_cast<size_t>(edge)];
-        const float atRow = b * centreY + c + a * (static_cast<float>(x) + 0.5F);
+        const float atRow = b * centreY + c;
         for (int i = 0; i < count; ++i) {
-            out[i] = std::max(out[i], atRow + a * static_cast<float>(i));
+            out[i] = std::max(out[i], a * (static_cast<float>(x + i) + 0.5F) + atRow);
         }
     }
     if (form_ == Form::kCapsule && !soft) {
@@ -263,28 +263,23 @@ Span ShapeOutline::deepSpan(int y, float depth) const {
         }
     }
     if (form_ == Form::kRound || form_ == Form::kCapsule) {
-        const bool stands = form_ == Form::kCapsule && height_ > width_;
+        const bool lies = form_ == Form::kCapsule && height_ <= width_;
+        const bool stands = form_ == Form::kCapsule && !lies;
         const float shift = form_ == Form::kCapsule ? 0.5F : 0;
         const float reach = radius_ - depth;
         // How far this row is from the centres of the round corners.
-        float off = 0;
-        if (form_ == Form::kCapsule && !stands) {
-            off = std::abs(centreY - shift - height / 2);
-        } else {
-            off = std::max({radius_ - (centreY - shift), centreY - shift - (height - radius_), 0.0F});
-        }
-        if (off > 0) {
-            straight = false;
-            if (off > reach) {
-                return form_ == Form::kCapsule && !stands && width > 2 * radius_
-                           ? Span{static_cast<int>(std::ceil(radius_ + 1)), static_cast<int>(width - radius_ - 1)}
-                           : Span{};
-            }
+        const float row = centreY - shift;
+        const float off = lies ? std::abs(row - height / 2) : std::max({radius_ - row, row - (height - radius_), 0.0F});
+        if (off > reach) {
+            left = radius_ + 1;  // between the ends of a capsule, or nothing
+            right = lies ? width - radius_ - 1 : 0;
+        } else if (off > 0 || lies) {
             const float half = std::sqrt(reach * reach - off * off);
             const float inset = stands ? width / 2 - half : radius_ - half;
             left = std::max(left, inset + shift);
             right = std::min(right, width - inset + (stands ? shift : -shift));
         }
+        straight = off == 0 && !lies;
     }
     // One pixel less on each side than computed, but at straight sides: rounding must not break the promise.
     const int lost = straight ? 0 : 1;

@@ -34,11 +34,8 @@ public:
           columns_(rows.columns(0, 0)),
           straight_(straightRows(rows)),
           border_(rows.border() > 0 ? premultiplied(style.border, style.opacity) : 0),
-          fill_(style.drawFill ? premultiplied(style.fill, style.opacity) : 0) {
-        if (style.drawFill && style.useGradient) {
-            gradient_.emplace(style, rows.width(), rows.height(), style.opacity);
-        }
-    }
+          fill_(style.drawFill ? premultiplied(style.fill, style.opacity) : 0),
+          gradient_(gradientOf(rows, style)) {}
 
     // Rows of one color that nothing parts in the target are as good as one long row.
     bool wholeAtOnce() {
@@ -61,6 +58,13 @@ public:
     }
 
 private:
+    static std::optional<GradientRows> gradientOf(const SurfaceRows& rows, const SurfaceStyle& style) {
+        if (!style.drawFill || !style.useGradient) {
+            return std::nullopt;
+        }
+        return GradientRows(style, rows.width(), rows.height(), style.opacity);
+    }
+
     // The rows in which the outline is the surface's own sides and the border runs straight along them.
     static Span straightRows(const SurfaceRows& rows) {
         const Span straight = rows.outline().straightRows();
