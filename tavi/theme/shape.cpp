@@ -46,10 +46,19 @@ bool insideLyingCapsule(int width, int height, int x, int y) {
     return dx * dx + dy * dy <= radius * radius;
 }
 
+// Twice the distance of a pixel from the middle of an extent, and twice the largest there is, at least 1: the shares of
+// the leaning shapes are fractions of these, compared in whole numbers, so that a pixel on the line is on it.
+int64_t fromMiddle(int at, int extent) {
+    return std::abs(2 * int64_t{at} - (extent - 1));
+}
+int64_t reachOf(int extent) {
+    return std::max(extent - 1, 2);
+}
+
 bool insideDiamond(int width, int height, int x, int y) {
-    const double centreX = (width - 1) / 2.0;
-    const double centreY = (height - 1) / 2.0;
-    return std::abs(x - centreX) / std::max(centreX, 1.0) + std::abs(y - centreY) / std::max(centreY, 1.0) <= 1.0;
+    const int64_t across = reachOf(width);
+    const int64_t down = reachOf(height);
+    return fromMiddle(x, width) * down + fromMiddle(y, height) * across <= across * down;
 }
 
 bool insideCut(ButtonShape shape, int width, int height, int x, int y) {
@@ -59,16 +68,24 @@ bool insideCut(ButtonShape shape, int width, int height, int x, int y) {
     return fromSide + fromEnd >= cut;
 }
 
-// Between a left and a right edge that lean by the inset: `left` and `right` are the shares of it at this row.
-bool betweenSides(int width, int height, int x, double left, double right) {
-    const double inset = sideInset(width, height);
-    return x + 0.5 >= inset * left && x + 0.5 <= width - inset * right;
+// Between a left and a right edge that lean by the inset: `left` and `right` are the parts of it at this row, of
+// `whole`.
+bool betweenSides(int width, int height, int x, int64_t left, int64_t right, int64_t whole) {
+    const int64_t inset = sideInset(width, height);
+    const int64_t centre = 2 * int64_t{x} + 1;
+    return centre * whole >= 2 * inset * left && (2 * int64_t{width} - centre) * whole >= 2 * inset * right;
 }
 
 bool insideHexagon(int width, int height, int x, int y) {
-    const double half = (height - 1) / 2.0;
-    const double share = std::abs(y - half) / std::max(half, 1.0);
-    return betweenSides(width, height, x, share, share);
+    const int64_t part = fromMiddle(y, height);
+    return betweenSides(width, height, x, part, part, reachOf(height));
+}
+
+// Leaning from the full inset at the first row, on the left side, to none at the last; the right side the other way.
+bool insideSlant(int width, int height, int x, int y, bool toTheRight) {
+    const int64_t whole = std::max(height - 1, 1);
+    const int64_t up = whole - y;
+    return toTheRight ? betweenSides(width, height, x, up, y, whole) : betweenSides(width, height, x, y, up, whole);
 }
 
 }  // namespace
@@ -77,7 +94,6 @@ bool insideShape(ButtonShape shape, int width, int height, int x, int y) {
     if (x < 0 || y < 0 || x >= width || y >= height) {
         return false;
     }
-    const double down = height <= 1 ? 0.0 : static_cast<double>(y) / (height - 1);
     switch (shape) {
         case ButtonShape::kRoundedRect:
             return insideRounded(width, height, x, y);
@@ -91,9 +107,9 @@ bool insideShape(ButtonShape shape, int width, int height, int x, int y) {
         case ButtonShape::kHexagon:
             return insideHexagon(width, height, x, y);
         case ButtonShape::kSlantRight:
-            return betweenSides(width, height, x, 1 - down, down);
+            return insideSlant(width, height, x, y, true);
         case ButtonShape::kSlantLeft:
-            return betweenSides(width, height, x, down, 1 - down);
+            return insideSlant(width, height, x, y, false);
         case ButtonShape::kRectangle:
             break;
     }
