@@ -33,10 +33,16 @@ def without_duplicates(pairs):
     return dict(pairs)
 
 
+def stands_on_framework_theme(skin):
+    return "theme" not in skin and skin.get("use_framework_defaults") is True
+
+
 def skin_problems(skin):
     for key in ("id", "name", "description", "category", "harmony", "surface_mode"):
         if not isinstance(skin.get(key), str) or not skin[key]:
             yield f"{key} is missing"
+    if stands_on_framework_theme(skin):
+        return
     theme = skin.get("theme", {})
     for color in COLORS:
         if not re.fullmatch(r"#[0-9A-Fa-f]{6}", str(theme.get(color))):
@@ -78,7 +84,9 @@ def main():
             problems.append(f"{name}: ids {found}")
         seen |= set(found)
         for skin in document["skins"]:
-            found_problems = list(skin_problems(skin)) or list(contrast_problems(skin["theme"]))
+            found_problems = list(skin_problems(skin))
+            if not found_problems and not stands_on_framework_theme(skin):
+                found_problems = list(contrast_problems(skin["theme"]))
             problems += [f"{name}: {skin.get('id')}: {problem}" for problem in found_problems]
     problems += [f"{id_} is missing" for id_ in NEEDED - seen]
     return report(problems, f"{len(seen)} skins")
