@@ -29,6 +29,11 @@ SIZE_LIMIT = 1.5 * 1024 * 1024
 TEXTS_LIMIT = 2.5 * 1024 * 1024
 PORTABLE_RATIOS = {"text_lookup": 1.0, "utf8": 8.0, "json_lookup": 2.0, "quoting": 4.0, "manifest": 60.0, "configuration": 40.0,
                    "find_by_id": 1.3, "emission": 4.0}
+# Painting beside pixman (fills) and cairo (the rest). A fill of a whole screen is as fast as memory on both sides: what
+# the two differ by is the noise of the measurement.
+SURFACE_SIZES = ("160x40", "1920x1080")
+SURFACE_RATIOS = {"solid_fill": 1.05, "translucent_fill": 1.0, "alpha_shape": 1.0, "gradient_down": 1.0,
+                  "gradient_diagonal": 1.0, "gradient_radial": 1.0, "rounded_with_border": 1.0}
 # Nanoseconds a control; and how much more one costs in a large tree, which no cache holds, than in a small one.
 RELAYOUT_LIMIT = 200.0
 RELAYOUT_GROWTH = 3.0
@@ -190,6 +195,11 @@ def bench_portable():
             times[entry["name"]] = min(entry["cpu_time"], times.get(entry["name"], entry["cpu_time"]))
     for group, limit in PORTABLE_RATIOS.items():
         line(f"{group} to its plainest peer", times[f"{group}/ours"] / times[f"{group}/peer"], limit)
+    for group, limit in SURFACE_RATIOS.items():
+        for size in SURFACE_SIZES:
+            ours, peer = (times[f"{group}_{size}/{side}"] for side in ("ours", "peer"))
+            line(f"{group} {size} to {'pixman' if 'fill' in group else 'cairo'}", ours / peer, limit, "",
+                 f"({ours / 1000:.1f} us to {peer / 1000:.1f} us)")
     for kind in ("relayout", "relayout_wide"):
         cost = {count: times[f"{kind}/{count}"] / count for count in (100, 10_000, 100_000)}
         line(f"{kind} of 10,000 controls", cost[10_000], RELAYOUT_LIMIT, "ns", "a control")

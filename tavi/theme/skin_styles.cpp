@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "tavi/core/geometry.h"
 #include "tavi/theme/control_types.h"
 #include "tavi/theme/derived_style.h"
 #include "tavi/theme/normalize_key.h"
