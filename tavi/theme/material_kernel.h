@@ -56,6 +56,9 @@ struct Setup {
     float angleSin = 0;
     float blobCos = 0;  // both already divided by the size of the blobs
     float blobSin = 0;
+    float bend = 2;   // how far blobs bend veins, in sizes of features
+    float kites = 3;  // of a star cut, in a quarter
+    uint32_t cutSeed = 0;
     float centerX = 0;  // of the mapped area, in pixels
     float centerY = 0;
     float extentX = 1;

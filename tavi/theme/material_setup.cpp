@@ -19,8 +19,8 @@ constexpr std::array<KindRecipe, kMaterialKindCount> kKinds{{
     {kGlass, Optics::kGlass, Pattern::kFlat, 0.45f, 0.5f, 0.3f, 1.0f, 1.3f},
     {kFrostedGlass, Optics::kGlass, Pattern::kFrost, 0.8f, 0.6f, 0.5f, 1.0f, 0.8f},
     {kGloss, Optics::kGloss, Pattern::kFlat, 0.9f, 0.45f, 0.2f, 1.0f, 1.4f},
-    {kMetal, Optics::kMetal, Pattern::kMachined, 1.25f, 0.3f, 0.4f, 1.0f, 1.2f},
-    {kBrushedMetal, Optics::kMetal, Pattern::kHairlines, 1.25f, 0.3f, 0.38f, 0.8f, 1.0f},
+    {kMetal, Optics::kMetal, Pattern::kMachined, 1.5f, 0.22f, 0.25f, 1.0f, 1.2f},
+    {kBrushedMetal, Optics::kMetal, Pattern::kHairlines, 1.5f, 0.25f, 0.25f, 0.8f, 1.0f},
     {kPlastic, Optics::kGloss, Pattern::kPeel, 1.1f, 0.55f, 0.2f, 0.8f, 0.8f},
     {kRubber, Optics::kMatte, Pattern::kStipple, 1.3f, 0.25f, 0.12f, 0.9f, 0.6f},
     {kPaper, Optics::kMatte, Pattern::kFibres, 1.2f, 0.7f, 0.45f, 0.5f, 0.5f},
@@ -30,7 +30,7 @@ constexpr std::array<KindRecipe, kMaterialKindCount> kKinds{{
     {kAmberGlass, Optics::kGlass, Pattern::kResin, 1.1f, 0.35f, 0.3f, 1.0f, 1.0f},
     {kLuminousGlass, Optics::kLuminous, Pattern::kVeil, 0.7f, 0.5f, 0.4f, 0.8f, 1.0f},
     {kLayeredGlass, Optics::kGlass, Pattern::kPlanes, 0.8f, 0.4f, 0.45f, 0.6f, 1.1f},
-    {kGemstone, Optics::kGlass, Pattern::kLatticeCut, 1.3f, 0.15f, 0.35f, 1.0f, 1.1f},
+    {kGemstone, Optics::kMatte, Pattern::kLatticeCut, 1.5f, 0.1f, 0.2f, 1.0f, 0.9f},
     {kObsidianRelief, Optics::kMatte, Pattern::kScallops, 1.3f, 0.15f, 0.2f, 1.2f, 1.2f},
     {kStoneGranite, Optics::kMatte, Pattern::kSpeckle, 1.4f, 0.25f, 0.3f, 1.0f, 0.8f},
     {kStoneMarble, Optics::kMatte, Pattern::kVeins, 1.4f, 0.35f, 0.25f, 0.8f, 1.0f},
@@ -99,6 +99,10 @@ Rgb mixedColors(const Rgb& a, const Rgb& b, float weight) {
     return {a.r + (b.r - a.r) * weight, a.g + (b.g - a.g) * weight, a.b + (b.b - a.b) * weight};
 }
 
+const MaterialLimits& limitsOf(const MaterialRequest& request) {
+    return kMaterialLimits[static_cast<size_t>(request.performance) % kMaterialLimits.size()];
+}
+
 void setColors(Setup& setup, const MaterialRequest& request, const KindRecipe& kind) {
     const Rgb white{1, 1, 1};
     const Rgb black{0, 0, 0};
@@ -106,7 +110,7 @@ void setColors(Setup& setup, const MaterialRequest& request, const KindRecipe& k
     setup.base = tint;
     setup.dark = mixedColors(mixedColors(black, tint, kind.dark), rgbOf(request.surfaceBase), 0.2f);
     setup.second = rgbOf(request.profile.backlightColor);
-    setup.light = mixedColors(mixedColors(tint, setup.second, 0.25f), white, kind.light);
+    setup.light = mixedColors(mixedColors(tint, setup.second, 0.4f), white, kind.light);
     setup.highlightColor = mixedColors(white, tint, 0.28f);
     setup.shadowColor = mixedColors(black, tint, 0.1f);
     setup.backlightColor = setup.second;
@@ -140,6 +144,10 @@ void setTexture(Setup& setup, const MaterialProfile& profile) {
     setup.angleSin = sineOfDegrees(profile.angle);
     setup.blobCos = cosineOfDegrees(profile.lightBlobAngle) * blob;
     setup.blobSin = sineOfDegrees(profile.lightBlobAngle) * blob;
+    setup.bend = 2.1f * std::min(1.0f, 60.0f * blob);
+    // Gems of different sizes or turned otherwise are different stones.
+    setup.cutSeed = setup.seed + static_cast<uint32_t>(profile.scale) * 131u + static_cast<uint32_t>(profile.angle);
+    setup.kites = static_cast<float>(std::clamp(64 / std::max(1, profile.scale), 2, 5));
     for (float& weight : setup.kindWeight) {
         weight = 0;
     }
@@ -185,7 +193,7 @@ Setup setupOf(const MaterialRequest& request, int step) {
     setup.extentY = std::max(1.0f, 1.0f / mapping.inverseY);
     setup.centerX = setup.extentX / 2;
     setup.centerY = setup.extentY / 2;
-    setup.textured = kMaterialLimits[static_cast<size_t>(request.performance) % kMaterialLimits.size()].textured;
+    setup.textured = limitsOf(request).textured;
     if (!setup.textured) {
         setup.grain = 0;
         setup.wear = 0;
@@ -207,23 +215,24 @@ Mapping mappingOf(const MaterialRequest& request) {
     return {0, 0, kLongestPeriod, kLongestPeriod, inverse(request.size.width), inverse(request.size.height)};
 }
 
-Grid gridOf(const MaterialRequest& request) {
+int stepOf(const MaterialRequest& request) {
+    const int64_t area = int64_t{request.size.width} * request.size.height;
+    return area > limitsOf(request).fullResolutionArea ? 2 : 1;
+}
+
+Grid gridOf(const MaterialRequest& request, int step) {
     const bool global = request.profile.uvMapping == MaterialMapping::kGlobal;
     const Point offset = global ? request.windowOffset : Point{};
-    const int64_t area = int64_t{request.size.width} * request.size.height;
-    const auto& limits = kMaterialLimits[static_cast<size_t>(request.performance) % kMaterialLimits.size()];
-    const int step = area > limits.fullResolutionArea ? 2 : 1;
-    // Samples lie on even pixels of the window, so that neighbours have them in common.
-    const int marginX = step == 2 ? offset.x & 1 : 0;
-    const int marginY = step == 2 ? offset.y & 1 : 0;
+    // Samples that are apart lie on even pixels of the window, so that neighbours have them in common.
+    Grid grid{.step = step};
+    grid.marginX = step == 2 ? offset.x & 1 : 0;
+    grid.marginY = step == 2 ? offset.y & 1 : 0;
+    grid.originX = int64_t{offset.x} - grid.marginX;
+    grid.originY = int64_t{offset.y} - grid.marginY;
     const auto count = [step](int extent, int margin) { return step == 1 ? extent : (extent - 1 + margin) / 2 + 2; };
-    return {int64_t{offset.x} - marginX,
-            int64_t{offset.y} - marginY,
-            step,
-            count(request.size.width, marginX),
-            count(request.size.height, marginY),
-            marginX,
-            marginY};
+    grid.columns = count(request.size.width, grid.marginX);
+    grid.rows = count(request.size.height, grid.marginY);
+    return grid;
 }
 
 int64_t mirroredModulo(int64_t value, int64_t extent) {

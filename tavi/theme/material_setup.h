@@ -35,8 +35,8 @@ const FinishRecipe& finishRecipe(MaterialFinish finish);
 // The numbers for a request. `step` is the distance of its samples in pixels.
 Setup setupOf(const MaterialRequest& request, int step);
 
-// Where the samples of a request lie. A sample (column, row) is the pixel (originX + column * step, ...), counted in
-// the window for a global mapping and in the surface otherwise.
+// Where the samples of a request lie, `step` (1 or 2) pixels apart. A sample (column, row) is the pixel (originX +
+// column * step, ...), counted in the window for a global mapping and in the surface otherwise.
 struct Grid {
     int64_t originX = 0;
     int64_t originY = 0;
@@ -47,7 +47,10 @@ struct Grid {
     int marginX = 0;
     int marginY = 0;
 };
-Grid gridOf(const MaterialRequest& request);
+Grid gridOf(const MaterialRequest& request, int step);
+
+// The distance of a request's samples, 1 or 2 pixels, within the limits of its performance profile.
+int stepOf(const MaterialRequest& request);
 
 // Back and forth over `extent`: 0 1 ... extent ... 1 0 1 ...
 int64_t mirroredModulo(int64_t value, int64_t extent);
