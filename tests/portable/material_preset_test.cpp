@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tavi/theme/material_presets.h"
+#include "tests/portable/golden.h"
 #include "tests/portable/material_pictures.h"
 
 namespace {
@@ -68,6 +69,20 @@ TEST(MaterialPresets, StonesContinueOverTheWindowAndGemsShine) {
             }
         }
     }
+}
+
+// All of them on the surface of a button, eight in a row.
+TEST(MaterialPresets, LookAsTheyDid) {
+    constexpr Size kTile{96, 32};
+    constexpr int kColumns = 8;
+    PixelBuffer sheet(Size{kTile.width * kColumns, kTile.height * ((kMaterialPresetCount + kColumns - 1) / kColumns)});
+    for (int i = 0; i < kMaterialPresetCount; ++i) {
+        MaterialRequest request = requestFor(presetAt(i));
+        request.size = kTile;
+        const Rect place{i % kColumns * kTile.width, i / kColumns * kTile.height, kTile.width, kTile.height};
+        EXPECT_TRUE(renderMaterialTexture(request, sheet.view().part(place)));
+    }
+    EXPECT_TRUE(equalsGolden("materials", sheet));
 }
 
 // Hues that the names promise: which channels lead in the picture.
