@@ -20,7 +20,10 @@ constexpr const char* kFinishNames[kMaterialFinishCount]{"default", "polished", 
                                                          "cracked", "hammered", "etched",  "frosted", "wet"};
 
 void render(benchmark::State& state, MaterialKind kind, MaterialFinish finish) {
-    MaterialRequest request{.kind = kind, .size = {690, 344}, .performance = PerformanceProfile::kBestGraphics};
+    MaterialRequest request;
+    request.kind = kind;
+    request.size = {690, 344};
+    request.performance = PerformanceProfile::kBestGraphics;
     request.profile.finish = finish;
     PixelBuffer buffer(request.size);
     for (auto _ : state) {

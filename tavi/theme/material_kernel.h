@@ -78,7 +78,8 @@ struct Setup {
     float roughness = 0;
     float occlusion = 0;
     float rim = 0;
-    float wear = 0;
+    float wear = 0;      // of what stands out
+    float edgeWear = 0;  // of the surface's own edges
     float grain = 0;
     float depth = 0;
     float slope = 0;   // of heights, in the normal

@@ -11,7 +11,7 @@
 namespace tavi::material {
 namespace {
 
-// Kernels work on this many samples at once at most, and read one beyond on each side.
+// What kernels may read and write beyond the end of a row: a sample on each side, and what fills up the last lanes.
 constexpr int kPadding = 24;
 constexpr int kFields = 5;
 

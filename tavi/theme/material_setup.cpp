@@ -181,6 +181,7 @@ Setup setupOf(const MaterialRequest& request, int step) {
     setColors(setup, request, kind);
     setTexture(setup, profile);
     setup.slope = setup.depth * (3.2f + texture) * 0.5f * kind.relief * finish.relief / static_cast<float>(step);
+    setup.edgeWear = local ? setup.wear : 0.0f;
     setup.bulge = setup.depth * (local ? 0.6f : 0.3f);
     setup.body = kind.body * texture;
     setup.opacity = static_cast<float>(profile.strength) / kFullStrength * share(request.opacity);
@@ -197,6 +198,7 @@ Setup setupOf(const MaterialRequest& request, int step) {
     if (!setup.textured) {
         setup.grain = 0;
         setup.wear = 0;
+        setup.edgeWear = 0;
     }
     return setup;
 }
