@@ -37,7 +37,7 @@ struct MaterialProfile {
     uint8_t lightElevation = 128;
     int scale = 8;  // pixels: the size of the texture's features
     int angle = 0;
-    int lightBlobScale = 48;  // pixels
+    int lightBlobScale = 48;  // pixels: large, soft features; also what bends veins, the smaller the wilder
     int lightBlobAngle = -30;
     int animationSpeed = 0;
     MaterialFinish finish = MaterialFinish::kDefault;
@@ -46,9 +46,9 @@ struct MaterialProfile {
     int uvOffsetX = 0;  // pixels
     int uvOffsetY = 0;
     Color tint = hexColor(0x6A8A90);
-    Color backlightColor = hexColor(0x2C6A66);
+    Color backlightColor = hexColor(0x2C6A66);  // of what shows within: glow, veins, flecks, fire
     Color flameColor = hexColor(0xF08A30);
-    GradientKind gradientKind = GradientKind::kLinear;
+    GradientKind gradientKind = GradientKind::kLinear;  // how veins run and gems are cut
     GradientDirection gradientDirection = GradientDirection::kVertical;
     bool enabled = true;
 
