@@ -229,8 +229,8 @@ ProductConfig parseProductConfig(std::wstring_view text, ProductConfig defaults)
     readTexts(config, text, kSettings);
     if (const auto state = base::readJsonRaw(text, kUiState, L'{')) {
         // It is written as it stands here, so it has to be fit for a file.
-        const auto object = base::parseJson(*state);
-        config.uiState = object && !object->object()->empty() ? std::wstring(*state) : L"";
+        const auto document = base::parseJson(base::toUtf8(*state));
+        config.uiState = document && !document->root().members().empty() ? std::wstring(*state) : L"";
     }
     normalizeMappings(config);
     return config;

@@ -49,7 +49,8 @@ FileText readTextFile(const std::wstring& path) {
     base::DecodedText decoded = base::decodeTextFile({reinterpret_cast<const char*>(bytes->data()), bytes->size()});
     read.text = std::move(decoded.text);
     // A file in another encoding is not well-formed, one that was cut off is no JSON document.
-    read.damaged = !base::trimmed(read.text).empty() && (!decoded.isWellFormed || !base::parseJson(read.text));
+    read.damaged =
+        !base::trimmed(read.text).empty() && (!decoded.isWellFormed || !base::parseJson(base::toUtf8(read.text)));
     return read;
 }
 

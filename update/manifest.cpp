@@ -1,51 +1,42 @@
 #include "update/manifest.h"
 
 #include "base/json.h"
+#include "base/text.h"
 #include "update/version.h"
 
 namespace velquin::update {
 namespace {
 
-constexpr ManifestKey<HistoryEntry> kHistoryKeys[] = {{L"version", &HistoryEntry::version}};
-constexpr wchar_t kNotesByLanguage[] = L"changes_i18n";
-constexpr const wchar_t* kHistoryNames[] = {L"history", L"versions"};
-
-const std::wstring* findString(const base::Json& object, std::wstring_view name) {
-    const base::Json* value = object.find(name);
-    return value != nullptr ? value->string() : nullptr;
-}
+constexpr ManifestKey<HistoryEntry> kHistoryKeys[] = {{"version", &HistoryEntry::version}};
+constexpr char kNotesByLanguage[] = "changes_i18n";
+constexpr const char* kHistoryNames[] = {"history", "versions"};
 
 template <typename Record, size_t kCount>
-void readStrings(Record& record, const base::Json& object, const ManifestKey<Record> (&keys)[kCount]) {
+void readStrings(Record& record, base::Json object, const ManifestKey<Record> (&keys)[kCount]) {
     for (const ManifestKey<Record>& key : keys) {
-        if (const std::wstring* value = findString(object, key.name)) {
-            record.*key.member = *value;
+        if (const auto value = object.find(key.name).string()) {
+            record.*key.member = base::toWide(*value);
         }
     }
 }
 
-void readNotes(ChangeNotes& notes, const base::Json& object) {
+void readNotes(ChangeNotes& notes, base::Json object) {
     readStrings(notes, object, kNotesKeys);
-    const base::Json* byLanguage = object.find(kNotesByLanguage);
-    const base::Json::Object* members = byLanguage != nullptr ? byLanguage->object() : nullptr;
-    if (members == nullptr) {
-        return;
-    }
-    for (const auto& [tag, text] : *members) {
-        if (text.string() != nullptr) {
-            notes.changesI18n.try_emplace(tag, *text.string());
+    for (const auto [tag, value] : object.find(kNotesByLanguage).members()) {
+        if (const auto text = value.string()) {
+            notes.changesI18n.try_emplace(base::toWide(tag), base::toWide(*text));
         }
     }
 }
 
 // From the first of the two arrays that is there and holds something. What names no version is no entry.
-void readHistory(std::vector<HistoryEntry>& history, const base::Json& manifest) {
-    for (const wchar_t* name : kHistoryNames) {
-        const base::Json* value = manifest.find(name);
-        if (value == nullptr || value->array() == nullptr || value->array()->empty()) {
+void readHistory(std::vector<HistoryEntry>& history, base::Json manifest) {
+    for (const char* name : kHistoryNames) {
+        const base::JsonArray entries = manifest.find(name).elements();
+        if (entries.empty()) {
             continue;
         }
-        for (const base::Json& object : *value->array()) {
+        for (const base::Json object : entries) {
             HistoryEntry entry;
             readStrings(entry, object, kHistoryKeys);
             readNotes(entry, object);
@@ -64,12 +55,14 @@ UpdateCheckResult parseUpdateManifest(std::wstring_view text, std::wstring_view 
     UpdateCheckResult result;
     result.currentVersion = currentVersion;
     result.releaseUrl = releasePageUrl;
-    if (const auto manifest = base::parseJson(text)) {
-        readStrings(result, *manifest, kManifestKeys);
-        readNotes(result, *manifest);
-        readHistory(result.history, *manifest);
+    const std::string utf8 = base::toUtf8(text);
+    if (const auto manifest = base::parseJson(utf8)) {
+        readStrings(result, manifest->root(), kManifestKeys);
+        readNotes(result, manifest->root());
+        readHistory(result.history, manifest->root());
     } else if (reason != nullptr) {
-        *reason = manifest.error().reason + L" (at character " + std::to_wstring(manifest.error().offset) + L")";
+        const size_t character = base::toWide(std::string_view(utf8).substr(0, manifest.error().offset)).size();
+        *reason = manifest.error().reason + L" (at character " + std::to_wstring(character) + L")";
     }
     if (result.latestVersion.empty()) {
         result.error = kMissingVersionError;

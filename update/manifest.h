@@ -44,19 +44,19 @@ struct UpdateCheckResult : ChangeNotes {
 // A key whose value is a text, and the member it goes to.
 template <typename Record>
 struct ManifestKey {
-    const wchar_t* name;
+    const char* name;
     std::wstring Record::* member;
 };
 inline constexpr ManifestKey<UpdateCheckResult> kManifestKeys[] = {
-    {L"version", &UpdateCheckResult::latestVersion},       {L"release_url", &UpdateCheckResult::releaseUrl},
-    {L"setup_url", &UpdateCheckResult::setupUrl},          {L"sha256", &UpdateCheckResult::sha256},
-    {L"data_zip_url", &UpdateCheckResult::dataZipUrl},     {L"data_zip_sha256", &UpdateCheckResult::dataZipSha256},
-    {L"data_zip_entry", &UpdateCheckResult::dataZipEntry},
+    {"version", &UpdateCheckResult::latestVersion},       {"release_url", &UpdateCheckResult::releaseUrl},
+    {"setup_url", &UpdateCheckResult::setupUrl},          {"sha256", &UpdateCheckResult::sha256},
+    {"data_zip_url", &UpdateCheckResult::dataZipUrl},     {"data_zip_sha256", &UpdateCheckResult::dataZipSha256},
+    {"data_zip_entry", &UpdateCheckResult::dataZipEntry},
 };
 inline constexpr ManifestKey<ChangeNotes> kNotesKeys[] = {
-    {L"changes", &ChangeNotes::changes},
-    {L"changes_cs", &ChangeNotes::changesCs},
-    {L"changes_en", &ChangeNotes::changesEn},
+    {"changes", &ChangeNotes::changes},
+    {"changes_cs", &ChangeNotes::changesCs},
+    {"changes_en", &ChangeNotes::changesEn},
 };
 
 inline constexpr wchar_t kMissingVersionError[] = L"Update manifest does not contain a version.";

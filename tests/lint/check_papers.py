@@ -42,7 +42,7 @@ def key_problems():
     for paper, source, besides in (
             ("docs/configuration.md", "core/configuration.cpp", {"Name", "Enabled", "ui_state_schema_version"}),
             ("docs/updates.md", "update/manifest.h", set())):
-        keys = set(re.findall(r'\{L"(\w+)", &', text(source))) - besides
+        keys = set(re.findall(r'\{L?"(\w+)", &', text(source))) - besides
         if len(keys) < 8:
             yield f"only {len(keys)} keys were found in {source}"
         yield from (f"{paper} lacks the key {key}" for key in keys - rows(paper))

@@ -216,7 +216,7 @@ TEST(Configuration, WhatIsSavedIsLoaded) {
         ASSERT_EQ(config, once) << "normalising again changes nothing";
         const std::wstring text = formatProductConfig(config);
         ASSERT_EQ(parsed(text), config) << base::toUtf8(text);
-        ASSERT_TRUE(base::parseJson(text)) << base::toUtf8(text);
+        ASSERT_TRUE(base::parseJson(base::toUtf8(text))) << base::toUtf8(text);
     }
 }
 

@@ -31,7 +31,7 @@ void print(const std::string& name, std::wstring_view value) {
 
 void printNotes(const std::string& prefix, const ChangeNotes& notes) {
     for (const auto& key : kNotesKeys) {
-        print(prefix + base::toUtf8(key.name), notes.*key.member);
+        print(prefix + key.name, notes.*key.member);
     }
     for (const auto& [tag, text] : notes.changesI18n) {
         print(prefix + "changes_i18n." + base::toUtf8(tag), text);
@@ -40,7 +40,7 @@ void printNotes(const std::string& prefix, const ChangeNotes& notes) {
 
 void printManifest(const UpdateCheckResult& manifest) {
     for (const auto& key : kManifestKeys) {
-        print(base::toUtf8(key.name), manifest.*key.member);
+        print(key.name, manifest.*key.member);
     }
     printNotes("", manifest);
     for (size_t i = 0; i < manifest.history.size(); ++i) {
