@@ -22,6 +22,11 @@ public:
 
     // Adds or replaces one. Paths are segments of normalized keys joined by dots.
     void set(std::wstring_view path, std::wstring_view value);
+    // For many at once: append() each, in whatever order, false when it is out of order; then settle() once if any was.
+    bool append(std::wstring_view path, std::wstring_view value);
+    void settle();
+    // Keeps its memory.
+    void clear();
 
     std::optional<std::wstring_view> find(std::wstring_view path) const;
     size_t size() const { return places_.size(); }
