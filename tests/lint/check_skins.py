@@ -1,8 +1,13 @@
 #!/usr/bin/env python3
-"""The shipped skin catalogs are JSON that a reader can rely on: complete skins with unique ids, in the right catalog."""
+"""The shipped skin catalogs are JSON that a reader can rely on: complete skins with unique ids, in the right catalog, of
+which nothing is passed over. What docs/ says of their keys is what the program's own tables say. Takes the path of the
+skin tool."""
 import json
 import re
+import subprocess
 import sys
+
+import jsonschema
 
 from sources import REPO, report
 
@@ -67,8 +72,41 @@ def contrast_problems(theme):
                 yield f"{text} on {ground} has a contrast below {wanted}"
 
 
+def printed_problems(tool):
+    for command, name in {"schema": "skins.schema.json", "keys": "skin-keys.md"}.items():
+        printed = subprocess.run([tool, command], capture_output=True, text=True, check=True).stdout
+        if len(printed) < 1000 or printed != (REPO / "docs" / name).read_text(encoding="utf-8"):
+            yield f"docs/{name} is not what the tables say: print it anew with skin_tool {command}"
+
+
+def checked_problems(tool, catalogs):
+    """The tool is silent on the catalogs, and not on a skin with a slip in it: its silence says something."""
+    run = subprocess.run([tool, "check", *catalogs], capture_output=True, text=True)
+    yield from run.stdout.splitlines()
+    yield from run.stderr.splitlines()
+    slip = '{"id": "a", "name": "b", "materials": {"strenght": 1, "depth": "deep"}, "styles": {"buton": {"x": {"y": 1}}}}'
+    noticed = subprocess.run([tool, "check", "/dev/stdin"], input=slip, capture_output=True, text=True)
+    for expected in ("materials.strenght: no such key; did you mean \"strength\"?", "materials.depth: \"deep\" is not",
+                     "no such control type; did you mean \"button\"?", "warning: no control reads it"):
+        if noticed.returncode != 1 or expected not in noticed.stdout:
+            yield f"the skin tool does not say '{expected}' but {noticed.returncode}: {noticed.stdout}"
+    cut = subprocess.run([tool, "check", "/dev/stdin"], input='{"id": "a",\n "name" 1}', capture_output=True, text=True)
+    if cut.returncode != 1 or "line 2, column 9" not in cut.stdout:
+        yield f"the skin tool does not say where a document is broken: {cut.stdout}"
+
+
+def schema_problems(name, document, schema):
+    for error in jsonschema.Draft202012Validator(schema).iter_errors(document):
+        yield f"{name}: {error.json_path}: {error.message[:200]}"
+
+
 def main():
-    problems, seen = [], set()
+    tool = sys.argv[1]
+    problems, seen = list(printed_problems(tool)), set()
+    schema = json.loads((REPO / "docs" / "skins.schema.json").read_text(encoding="utf-8"))
+    jsonschema.Draft202012Validator.check_schema(schema)
+    if not list(schema_problems("", {"id": "a", "name": "b", "theme": {"frame": "#12345"}}, schema)):
+        problems.append("the schema takes what it should not")
     folder = REPO / "resources" / "skins"
     if sorted(path.name for path in folder.iterdir()) != sorted(CATALOGS):
         problems.append(f"the catalogs are {sorted(path.name for path in folder.iterdir())}")
@@ -78,6 +116,7 @@ def main():
         except ValueError as error:
             problems.append(f"{name}: {error}")
             continue
+        problems += schema_problems(name, document, schema)
         found = [skin.get("id") for skin in document["skins"]]
         problems += [f"{name}: {id_} is not a skin of this catalog" for id_ in found if id_ not in ids.split()]
         if not found or len(set(found)) != len(found):
@@ -88,6 +127,7 @@ def main():
             if not found_problems and not stands_on_framework_theme(skin):
                 found_problems = list(contrast_problems(skin["theme"]))
             problems += [f"{name}: {skin.get('id')}: {problem}" for problem in found_problems]
+    problems += checked_problems(tool, [str(folder / name) for name in CATALOGS])
     problems += [f"{id_} is missing" for id_ in NEEDED - seen]
     return report(problems, f"{len(seen)} skins")
 

@@ -1,0 +1,106 @@
+#include "tools/skins/describe.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <optional>
+
+#include "base/text.h"
+#include "tavi/theme/normalize_key.h"
+
+namespace skin_tool {
+
+std::string narrow(std::wstring_view text) {
+    return base::toUtf8(text);
+}
+
+std::string colorText(tavi::Color color) {
+    char text[8];
+    std::snprintf(text, sizeof(text), "#%02X%02X%02X", static_cast<unsigned>(tavi::redOf(color)),
+                  static_cast<unsigned>(tavi::greenOf(color)), static_cast<unsigned>(tavi::blueOf(color)));
+    return text;
+}
+
+std::string firstName(std::string_view names) {
+    return std::string(names.substr(0, names.find(' ')));
+}
+
+std::string describeType(tavi::ValueType type) {
+    switch (type.kind) {
+        case tavi::ValueKind::kColor:
+            return "a color, #RRGGBB";
+        case tavi::ValueKind::kByte:
+            return "a number from 0 to 255";
+        case tavi::ValueKind::kInteger:
+            return "a whole number";
+        case tavi::ValueKind::kBool:
+            return "true or false";
+        case tavi::ValueKind::kText:
+            return "a text";
+        case tavi::ValueKind::kName:
+            break;
+    }
+    std::string text = "a " + std::string(type.names->title()) + ": ";
+    for (const tavi::EnumerationRow& row : type.names->rows()) {
+        text += (row.value == 0 ? "" : ", ") + firstName(row.names);
+    }
+    return text;
+}
+
+const std::vector<Property>& surfaceProperties() {
+    static const std::vector<Property> kProperties = [] {
+        std::vector<Property> all;
+        for (const tavi::SurfaceKey& key : tavi::surfaceKeys()) {
+            all.push_back({key.names, typeOf(key), key.description});
+        }
+        for (const tavi::MaterialKey& key : tavi::materialKeys()) {
+            all.push_back({key.names, typeOf(key), key.description});
+        }
+        return all;
+    }();
+    return kProperties;
+}
+
+namespace {
+
+bool isOneOf(std::wstring_view word, std::span<const std::string_view> words) {
+    return std::ranges::any_of(words, [word](std::string_view w) { return std::ranges::equal(word, w); });
+}
+
+std::optional<tavi::ValueType> typeOfProperty(std::wstring_view name) {
+    for (const Property& property : surfaceProperties()) {
+        for (const std::string_view spelling : tavi::spellings(property.names)) {
+            if (tavi::normalizeKey(base::toWide(spelling)) == name) {
+                return property.type;
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<StylePath> stylePath(std::wstring_view path) {
+    if (path == L"focus.color") {
+        return StylePath{L"", {tavi::ValueKind::kColor}};
+    }
+    if (path == L"focus.width") {
+        return StylePath{L"", {tavi::ValueKind::kInteger}};
+    }
+    const size_t first = path.find(L'.');
+    if (first == std::wstring_view::npos) {
+        return std::nullopt;
+    }
+    const std::wstring_view part = path.substr(0, first);
+    const size_t second = std::min(path.find(L'.', first + 1), path.size());
+    if (!isOneOf(path.substr(first + 1, second - first - 1), kStates)) {
+        return std::nullopt;
+    }
+    if (part == L"text") {
+        return second == path.size() ? std::optional(StylePath{L"", {tavi::ValueKind::kColor}}) : std::nullopt;
+    }
+    const std::wstring_view property = second < path.size() ? path.substr(second + 1) : L"";
+    const auto type = isOneOf(part, kParts) ? typeOfProperty(property) : std::nullopt;
+    return type ? std::optional(StylePath{std::wstring(property), *type}) : std::nullopt;
+}
+
+}  // namespace skin_tool
