@@ -28,7 +28,7 @@ REPAINT_RATIO = 0.1
 SIZE_LIMIT = 1.5 * 1024 * 1024
 TEXTS_LIMIT = 2.5 * 1024 * 1024
 PORTABLE_RATIOS = {"text_lookup": 1.0, "utf8": 8.0, "json_lookup": 2.0, "quoting": 4.0, "manifest": 60.0, "configuration": 40.0,
-                   "find_by_id": 1.3, "emission": 4.0}
+                   "find_by_id": 1.3, "emission": 4.0, "skins": 2.0}
 # Painting beside pixman (fills) and cairo (the rest). A fill of a whole screen is as fast as memory on both sides: what
 # the two differ by is the noise of the measurement.
 SURFACE_SIZES = ("160x40", "1920x1080")
