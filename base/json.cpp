@@ -91,18 +91,19 @@ Json Json::find(std::string_view key) const {
     return {};
 }
 
-std::expected<JsonDocument, JsonError> parseJson(std::string utf8) {
+std::expected<JsonDocument, JsonError> parseJson(std::string_view utf8) {
     if (utf8.size() > kMaxJsonLength) {
         return std::unexpected(JsonError{kMaxJsonLength, L"Longer than any document."});
     }
     JsonDocument document;
     document.length_ = utf8.size();
-    document.text_ = std::move(utf8);
     // Blanks are skipped by sixteens, beyond the end of the text when it ends in them.
-    document.text_.append(16, '\0');
+    constexpr size_t kBehind = 16;
+    document.text_.reserve(utf8.size() + kBehind);
+    document.text_.append(utf8).append(kBehind, '\0');
     const size_t skipped = document.text_.starts_with("\xEF\xBB\xBF") ? 3 : 0;
-    // Enough for most documents; far less than the text itself takes for one that is all text.
-    document.nodes_.reserve(document.length_ / 32 + 16);
+    // Enough for most documents, and no more memory than their text.
+    document.nodes_.reserve(document.length_ / 16 + 16);
     JsonBuilder builder(document.nodes_, document.text_.data());
     rapidjson::InsituStringStream stream(document.text_.data() + skipped);
     rapidjson::Reader reader;

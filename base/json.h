@@ -197,7 +197,7 @@ public:
 
 private:
     friend class JsonBuilder;
-    friend std::expected<JsonDocument, struct JsonError> parseJson(std::string utf8);
+    friend std::expected<JsonDocument, struct JsonError> parseJson(std::string_view utf8);
 
     size_t length_ = 0;
     std::string text_;  // what was read, with the texts of strings without their escapes in their places
@@ -215,9 +215,9 @@ inline constexpr size_t kMaxJsonDepth = 256;
 inline constexpr size_t kMaxJsonValues = 200'000;
 inline constexpr size_t kMaxJsonLength = size_t{1} << 24;
 
-// Reads a whole document, which may begin with a byte-order mark, in the memory of `utf8`: who has no more use for it
-// moves it in. Anything behind the document but white space, a zero character anywhere, half of a surrogate pair as an
-// escape, a number beyond a double and what is beyond the limits above are errors. Numbers become doubles.
-std::expected<JsonDocument, JsonError> parseJson(std::string utf8);
+// Reads a whole document, which may begin with a byte-order mark, and keeps a copy of its text. Anything behind the
+// document but white space, a zero character anywhere, half of a surrogate pair as an escape, a number beyond a double
+// and what is beyond the limits above are errors. Numbers become doubles.
+std::expected<JsonDocument, JsonError> parseJson(std::string_view utf8);
 
 }  // namespace base

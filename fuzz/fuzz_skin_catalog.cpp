@@ -32,7 +32,7 @@ void checkStyle(const StyleOverride& style) {
 void checkCatalog(std::string_view bytes) {
     size_t characters = 0;
     size_t texts = 0;
-    const std::vector<SkinDefinition> skins = parseCatalog(std::string(bytes), L"source");
+    const std::vector<SkinDefinition> skins = parseCatalog(bytes, L"source");
     for (const SkinDefinition& skin : skins) {
         require(!skin.id.empty() && !skin.name.empty() && skin.source == L"source", "a skin has names");
         require(skin.tags.size() >= 3 && skin.tags.back() == L"external", "tags end with their three");

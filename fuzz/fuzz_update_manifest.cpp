@@ -34,7 +34,7 @@ size_t depthOf(base::Json value) {
 }
 
 void checkDocument(std::string_view utf8) {
-    const auto document = base::parseJson(std::string(utf8));
+    const auto document = base::parseJson(utf8);
     if (document) {
         require(depthOf(document->root()) <= base::kMaxJsonDepth, "no document is too deep");
         // A value takes two bytes of the text at least, and the list of them has grown by doubling.

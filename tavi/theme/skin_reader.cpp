@@ -280,8 +280,8 @@ std::vector<SkinDefinition> parseSkins(const base::JsonDocument& document, std::
     return skins;
 }
 
-std::vector<SkinDefinition> parseCatalog(std::string utf8, std::wstring_view source) {
-    const auto document = base::parseJson(std::move(utf8));
+std::vector<SkinDefinition> parseCatalog(std::string_view utf8, std::wstring_view source) {
+    const auto document = base::parseJson(utf8);
     return document ? parseSkins(*document, source) : std::vector<SkinDefinition>();
 }
 

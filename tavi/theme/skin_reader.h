@@ -59,6 +59,6 @@ std::vector<base::Json> skinsOf(base::Json root);
 std::vector<SkinDefinition> parseSkins(const base::JsonDocument& document, std::wstring_view source,
                                        SkinReadListener* listener = nullptr);
 // The same from the bytes of the file, which are UTF-8; none when they are no JSON document.
-std::vector<SkinDefinition> parseCatalog(std::string utf8, std::wstring_view source);
+std::vector<SkinDefinition> parseCatalog(std::string_view utf8, std::wstring_view source);
 
 }  // namespace tavi

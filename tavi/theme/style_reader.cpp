@@ -95,32 +95,46 @@ private:
         bool isPlain = true;
         for (const auto [name, value] : object) {
             const size_t begin = keys_.size();
-            appendNormalizedKey(keys_, name);
-            const std::wstring_view key = std::wstring_view(keys_).substr(begin);
-            turns_.push_back({orderOf(key), members_.size()});
-            members_.push_back({.begin = begin, .length = key.size(), .name = name, .value = value});
-            isPlain = isPlain && isPlainKey(key);
+            if (!appendPlainKey(name)) {
+                isPlain = false;
+                appendNormalizedKey(keys_, name);
+            }
+            const size_t length = keys_.size() - begin;
+            turns_.push_back({orderOf(keys_.data() + begin, length), members_.size()});
+            members_.push_back({.begin = begin, .length = length, .name = name, .value = value});
         }
         if (isPlain) {
             sortTurns(first);
         }
     }
 
-    static uint64_t orderOf(std::wstring_view key) {
-        uint64_t order = 0;
-        for (size_t i = 0; i < 8; ++i) {
-            order = order << 8 | (i < key.size() ? static_cast<unsigned char>(key[i]) : 0u);
-        }
-        return order;
+    // Normalizes what nearly all keys are, a few letters and digits of ASCII with separators. False, with nothing done,
+    // for a key that holds anything else: a point, and characters that sort before one, would not come in the order of
+    // paths.
+    bool appendPlainKey(std::string_view name) {
+        const size_t begin = keys_.size();
+        bool isPlain = true;
+        keys_.resize_and_overwrite(begin + name.size(), [&](wchar_t* characters, size_t) {
+            wchar_t* end = characters + begin;
+            for (const char c : name) {
+                const auto unit = static_cast<unsigned char>(c);
+                const bool isSeparator = c == '_' || c == '-';
+                isPlain &= isSeparator || (unit > '.' && unit < 0x80);
+                *end = static_cast<wchar_t>(unit >= 'A' && unit <= 'Z' ? unit | 0x20 : unit);
+                end += isSeparator ? 0 : 1;
+            }
+            return isPlain ? static_cast<size_t>(end - characters) : begin;
+        });
+        return isPlain;
     }
 
-    // A point within a key, and characters that sort before one, would not come in the order of the paths.
-    static bool isPlainKey(std::wstring_view key) {
-        bool isPlain = true;
-        for (const wchar_t c : key) {
-            isPlain &= c > L'.' && c < 0x80;
+    static uint64_t orderOf(const wchar_t* key, size_t length) {
+        constexpr size_t kCharacters = 8;
+        uint64_t order = 0;
+        for (size_t i = 0; i < std::min(length, kCharacters); ++i) {
+            order |= uint64_t{static_cast<unsigned char>(key[i])} << (56 - 8 * i);
         }
-        return isPlain;
+        return order;
     }
 
     bool isBefore(const Turn& a, const Turn& b) const {
@@ -228,6 +242,11 @@ void readStyles(SkinDefinition& skin, base::Json styles, const SkinPlace& place,
             skin.styleOverrides.push_back({type, variant.empty() ? L"default" : base::toWide(variant), properties});
         }
     };
+    size_t count = skin.styleOverrides.size();
+    for (const auto [typeName, variants] : styles.members()) {
+        count += variants.members().size();
+    }
+    skin.styleOverrides.reserve(count);
     for (const auto [typeName, variants] : membersOf(styles, place, reading)) {
         const SkinPlace typePlace{&place, typeName};
         type.clear();
