@@ -86,7 +86,7 @@ void paintSurface(PixelView target, const Rect& area, const SurfaceStyle& given,
 }
 
 void paintSegmentedSurface(PixelView target, const std::vector<Rect>& segments, const SurfaceStyle& style,
-                           PerformanceProfile profile) {
+                           PerformanceProfile profile, const PixelBuffer* picture) {
     const Rect whole = unionOf(segments);
     if (!paintable(whole)) {
         return;
@@ -99,7 +99,7 @@ void paintSegmentedSurface(PixelView target, const std::vector<Rect>& segments, 
         return;
     }
     PixelBuffer layer(reached.size());
-    paintSurface(layer.view(), whole.offset({-reached.x, -reached.y}), style, profile);
+    paintSurface(layer.view(), whole.offset({-reached.x, -reached.y}), style, profile, picture);
     const auto blend = [&](const Rect& part) {
         const Rect visible = intersection(part, reached);
         for (int y = visible.y; y < visible.bottom(); ++y) {

@@ -18,7 +18,7 @@ void paintSurface(PixelView target, const Rect& area, const SurfaceStyle& style,
 // One style over several adjacent rectangles as one surface: shape, gradient and border belong to the rectangle around
 // them all, and only what lies in one of them is painted.
 void paintSegmentedSurface(PixelView target, const std::vector<Rect>& segments, const SurfaceStyle& style,
-                           PerformanceProfile profile);
+                           PerformanceProfile profile, const PixelBuffer* picture = nullptr);
 
 // Lays the style's material over a painted surface, inside its border. `windowOffset` is where the origin of `target`
 // lies in the window. Returns whether anything was drawn.

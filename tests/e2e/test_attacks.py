@@ -12,7 +12,7 @@ from product import *  # noqa: F403
 DLLS = ["msi", "version", "winhttp", "uxtheme", "dwmapi", "propsys", "profapi", "cryptbase", "userenv", "urlmon",
         "netapi32", "secur32", "wtsapi32", "apphelp", "comctl32", "linkinfo", "ntmarta", "windowscodecs",
         "bcrypt", "mpr", "cryptsp", "rsaenh", "crypt32", "msasn1", "dnsapi", "iphlpapi", "mswsock", "schannel", "ncrypt",
-        "webio", "winnsi", "dhcpcsvc"]
+        "webio", "winnsi", "dhcpcsvc", "msimg32"]
 # Loading beside the program has to be allowed first; Wine does not do it by itself.
 PREFER_PLANTED = {"WINEDLLOVERRIDES": ",".join(DLLS) + "=n,b;winemenubuilder.exe="}
 
