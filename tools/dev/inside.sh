@@ -89,12 +89,23 @@ command_fuzz() {
   done
 }
 
-command_gallery() {
+command_gallery() { # [FILE.json]
   mkdir -p "$repo/out"
+  if [ $# -gt 0 ]; then
+    build native-release skin_tool
+    build win64
+    # What the checker finds is said, and what the catalog gives is drawn all the same.
+    local faultless=true
+    "$repo/build/native-release/bin/skin_tool" check "$1" || faultless=false
+    with_display python3 "$repo/tools/gallery/skins.py" "$repo/out/gallery" "$1"
+    $faultless || die "the checker found faults in $1, see above"
+    return
+  fi
   "$repo/tools/gallery/gallery.sh" "$repo/out/gallery.png"
   build win64
   with_display python3 "$repo/tools/gallery/windows.py" "$repo/out/windows.png"
-  say "written: out/gallery.png, out/windows.png and the pictures in out/windows"
+  with_display python3 "$repo/tools/gallery/skins.py" "$repo/out/gallery" "$repo/resources/skins"
+  say "written: out/gallery.png, out/windows.png and the pictures in out/windows and out/gallery"
 }
 
 command_format() {
