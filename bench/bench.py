@@ -25,6 +25,8 @@ START_RATIO = 2.0
 # From the first call to the first painted frame; and the reverse of "ten times cheaper".
 WINDOW_RATIO = 1.5
 REPAINT_RATIO = 0.1
+# Milliseconds: a full frame of the sample dialog from surfaces that are kept.
+FRAME_LIMIT = 4.0
 SIZE_LIMIT = 1.5 * 1024 * 1024
 TEXTS_LIMIT = 2.5 * 1024 * 1024
 PORTABLE_RATIOS = {"text_lookup": 1.0, "utf8": 8.0, "json_lookup": 2.0, "quoting": 4.0, "manifest": 60.0, "configuration": 40.0,
@@ -147,6 +149,21 @@ def bench_windows(machine):
          f"({small / 40:.0f} us to {whole / 40:.0f} us, of which the message alone takes {message / 40:.0f} us)")
 
 
+def bench_frames(machine):
+    """The sample dialog in each of the shipped skins, painted whole."""
+    skins = "Z:" + str(REPO / "resources" / "skins").replace("/", "\\")
+    if not machine.wine(BIN / "surface_timer.exe", r"C:\frames.out", skins, timeout=300):
+        sys.exit("the timer of frames failed")
+    rows = [row.split() for row in machine.read(r"C:\frames.out").splitlines()]
+    frames = {skin: (int(first) / 1000, int(again) / 1000) for skin, first, again in rows}
+    slowest = max(frames, key=lambda skin: frames[skin][1])
+    line("a full frame from kept surfaces", frames[slowest][1], FRAME_LIMIT, "ms",
+         f"({slowest}, the slowest of {len(frames)} skins, the quickest of its rounds; "
+         f"the mean is {statistics.mean(again for _, again in frames.values()):.2f} ms)")
+    first = [first for first, _ in frames.values()]
+    print(f"    the first frame of a skin takes {min(first):.0f} to {max(first):.0f} ms")
+
+
 def bench_size():
     pe = pefile.PE(str(BIN / "VelquinSetup.exe"))
     payloads = 0
@@ -260,6 +277,7 @@ def main():
         # A window that stays keeps Wine's desktop up, as that of Windows always is.
         machine.start(BIN / "close_target.exe", "stubborn", "bench")
         bench_windows(machine)
+        bench_frames(machine)
         bench_start(machine)
         bench_install(machine)
         print("    one install, step by step")
