@@ -82,7 +82,7 @@ TEST(Golden, Materials) {
             EXPECT_TRUE(paintMaterial(buffer.view(), area, {}, style, PerformanceProfile::kBestGraphics));
         }
     }
-    EXPECT_TRUE(equalsGolden("materials", buffer));
+    EXPECT_TRUE(equalsGolden("finishes", buffer));
 }
 
 // The comparer itself: what it must let pass and what not, and what it leaves behind.
