@@ -1,9 +1,5 @@
 #include "base/json.h"
 
-// The processors that the programs run on have these instructions, with which the reader skips runs of blanks.
-#if defined(__SSE2__)
-#define RAPIDJSON_SSE2
-#endif
 #include <rapidjson/error/en.h>
 #include <rapidjson/reader.h>
 
@@ -97,10 +93,7 @@ std::expected<JsonDocument, JsonError> parseJson(std::string_view utf8) {
     }
     JsonDocument document;
     document.length_ = utf8.size();
-    // Blanks are skipped by sixteens, beyond the end of the text when it ends in them.
-    constexpr size_t kBehind = 16;
-    document.text_.reserve(utf8.size() + kBehind);
-    document.text_.append(utf8).append(kBehind, '\0');
+    document.text_ = utf8;
     const size_t skipped = document.text_.starts_with("\xEF\xBB\xBF") ? 3 : 0;
     // Enough for most documents, and no more memory than their text.
     document.nodes_.reserve(document.length_ / 16 + 16);

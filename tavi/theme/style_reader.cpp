@@ -1,6 +1,7 @@
 #include "tavi/theme/style_reader.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstdint>
 #include <cstdio>
@@ -73,7 +74,6 @@ private:
 
     void flatten(base::JsonObject object, const SkinPlace& place) {
         const size_t first = members_.size();
-        const size_t firstKey = keys_.size();
         const size_t pathLength = path_.size();
         collect(object, first);
         for (size_t i = first, end = members_.size(); i < end; ++i) {
@@ -88,24 +88,45 @@ private:
         path_.resize(pathLength);
         members_.resize(first);
         turns_.resize(first);
-        keys_.resize(firstKey);
     }
+
+    // A key that was met, normalized. A skin has the same few dozen keys in every style.
+    struct Key {
+        std::string_view name;
+        size_t begin = 0;  // among keys_
+        size_t length = 0;
+        uint64_t order = 0;
+        bool isPlain = true;
+    };
 
     void collect(base::JsonObject object, size_t first) {
         bool isPlain = true;
         for (const auto [name, value] : object) {
-            const size_t begin = keys_.size();
-            if (!appendPlainKey(name)) {
-                isPlain = false;
-                appendNormalizedKey(keys_, name);
-            }
-            const size_t length = keys_.size() - begin;
-            turns_.push_back({orderOf(keys_.data() + begin, length), members_.size()});
-            members_.push_back({.begin = begin, .length = length, .name = name, .value = value});
+            const Key& key = keyOf(name);
+            isPlain &= key.isPlain;
+            turns_.push_back({key.order, members_.size()});
+            members_.push_back({.begin = key.begin, .length = key.length, .name = name, .value = value});
         }
         if (isPlain) {
             sortTurns(first);
         }
+    }
+
+    const Key& keyOf(std::string_view name) {
+        const auto at = [name](size_t index) { return static_cast<size_t>(static_cast<unsigned char>(name[index])); };
+        const size_t place =
+            name.empty() ? 0 : (at(0) + at(name.size() / 2) * 5 + at(name.size() - 1) * 11 + name.size());
+        Key& key = known_[place % known_.size()];
+        if (key.name != name || name.empty()) {
+            key = {.name = name, .begin = keys_.size()};
+            key.isPlain = appendPlainKey(name);
+            if (!key.isPlain) {
+                appendNormalizedKey(keys_, name);
+            }
+            key.length = keys_.size() - key.begin;
+            key.order = orderOf(keys_.data() + key.begin, key.length);
+        }
+        return key;
     }
 
     // Normalizes what nearly all keys are, a few letters and digits of ASCII with separators. False, with nothing done,
@@ -211,6 +232,7 @@ private:
     const SkinPlace* root_ = nullptr;
     std::vector<Member> members_;  // of the objects that are open
     std::vector<Turn> turns_;      // the order in which they are visited
+    std::array<Key, 128> known_;
     std::wstring keys_;
     std::wstring path_;
     std::wstring value_;
