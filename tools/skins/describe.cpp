@@ -6,6 +6,7 @@
 
 #include "base/text.h"
 #include "tavi/theme/normalize_key.h"
+#include "tavi/theme/style_parts.h"
 
 namespace skin_tool {
 
@@ -44,6 +45,19 @@ std::string describeType(tavi::ValueType type) {
         text += (row.value == 0 ? "" : ", ") + firstName(row.names);
     }
     return text;
+}
+
+const std::vector<std::string>& partNames() {
+    static const std::vector<std::string> kNames = [] {
+        std::vector<std::string> names;
+        for (const tavi::StylePart& row : tavi::styleParts()) {
+            if (!std::ranges::contains(names, narrow(row.part))) {
+                names.push_back(narrow(row.part));
+            }
+        }
+        return names;
+    }();
+    return kNames;
 }
 
 const std::vector<Property>& surfaceProperties() {
@@ -99,7 +113,7 @@ std::optional<StylePath> stylePath(std::wstring_view path) {
         return second == path.size() ? std::optional(StylePath{L"", {tavi::ValueKind::kColor}}) : std::nullopt;
     }
     const std::wstring_view property = second < path.size() ? path.substr(second + 1) : L"";
-    const auto type = isOneOf(part, kParts) ? typeOfProperty(property) : std::nullopt;
+    const auto type = std::ranges::contains(partNames(), narrow(part)) ? typeOfProperty(property) : std::nullopt;
     return type ? std::optional(StylePath{std::wstring(property), *type}) : std::nullopt;
 }
 

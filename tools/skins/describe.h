@@ -74,9 +74,8 @@ std::string DefaultOf<Record>::text(const std::wstring& value) {
 
 std::string firstName(std::string_view names);
 
-// The parts and states whose surfaces controls paint.
-inline constexpr std::string_view kParts[] = {"surface", "track", "fill",  "thumb", "header",
-                                              "icon",    "row",   "arrow", "mark",  "button"};
+// The parts of controls that are painted, each once, and the states that they are painted in.
+const std::vector<std::string>& partNames();
 inline constexpr std::string_view kStates[] = {"normal",   "hot",     "pressed",  "focused",
                                                "disabled", "checked", "selected", "readonly"};
 

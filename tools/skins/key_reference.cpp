@@ -149,7 +149,7 @@ int printKeys() {
         "`-` make no difference. `text.<state>` is the color of the text, `focus.color` and `focus.width` are the "
         "mark\n"
         "around a control with the focus.\n");
-    words("Parts", kParts);
+    words("Parts", std::vector<std::string_view>(partNames().begin(), partNames().end()));
     words("States", kStates);
     typeTable();
     heading("Properties of surfaces");

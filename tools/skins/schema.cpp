@@ -299,7 +299,7 @@ private:
     void style() {
         type("object");
         json_.key("properties").object([this] {
-            for (const std::string_view part : kParts) {
+            for (const std::string_view part : partNames()) {
                 json_.key(part).object([this] { reference("part"); });
             }
             json_.key("text").object([this] { reference("text_style"); });
