@@ -72,7 +72,7 @@ bool fillFromPreset(SurfaceStyle& style, std::wstring_view name) {
     }
     const MaterialProfile kinds = style.tuning;
     style.tuning = materialPreset(*preset);
-    style.material = style.tuning.surface;
+    style.material = style.tuning.control;
     style.tuning.surface = kinds.surface;
     style.tuning.control = kinds.control;
     style.tuning.accent = kinds.accent;

@@ -234,7 +234,7 @@ TEST(SurfaceProperties, APresetFillsTheTuningAndKeepsTheKinds) {
     style.tuning.control = MaterialKind::kRubber;
     MaterialProfile expected = materialPreset(MaterialPreset::kRuby);
     EXPECT_TRUE(setSurfaceProperty(style, L"materialpreset", L"Ruby"));
-    EXPECT_EQ(style.material, expected.surface);
+    EXPECT_EQ(style.material, expected.control);
     expected.surface = MaterialKind::kPaper;
     expected.control = MaterialKind::kRubber;
     expected.accent = MaterialKind::kNone;
