@@ -36,7 +36,8 @@ bool writePng(const std::string& path, const PixelBuffer& buffer) {
     image.format = PNG_FORMAT_BGR;
     std::vector<uint8_t> bytes;
     for (const Pixel pixel : buffer.pixels()) {
-        bytes.insert(bytes.end(), {static_cast<uint8_t>(pixel), static_cast<uint8_t>(pixel >> 8), static_cast<uint8_t>(pixel >> 16)});
+        bytes.insert(bytes.end(), {static_cast<uint8_t>(pixel), static_cast<uint8_t>(pixel >> 8),
+                                   static_cast<uint8_t>(pixel >> 16)});
     }
     return png_image_write_to_file(&image, path.c_str(), 0, bytes.data(), 0, nullptr) != 0;
 }
@@ -75,8 +76,8 @@ testing::AssertionResult equalsGolden(const std::string& name, const PixelBuffer
     const std::optional<PixelBuffer> expected = readPng(expectedPath);
     if (!expected || expected->size() != picture.size()) {
         writePng(actualPath, picture);
-        return testing::AssertionFailure() << expectedPath << (expected ? " has another size" : " cannot be read")
-                                           << "; see " << actualPath;
+        return testing::AssertionFailure()
+               << expectedPath << (expected ? " has another size" : " cannot be read") << "; see " << actualPath;
     }
     size_t count = 0;
     const PixelBuffer shown = differences(*expected, picture, tolerance, count);

@@ -10,9 +10,9 @@
 
 namespace tavi {
 
-// Compares the picture, laid on an opaque ground, with tests/golden/NAME.png: the same size, and no channel of any pixel
-// further off than `tolerance` levels. Run with the environment variable VELQUIN_WRITE_GOLDEN=1 it writes that file anew
-// instead, and fails all the same, so that no test passes by it.
+// Compares the picture, laid on an opaque ground, with tests/golden/NAME.png: the same size, and no channel of any
+// pixel further off than `tolerance` levels. Run with the environment variable VELQUIN_WRITE_GOLDEN=1 it writes that
+// file anew instead, and fails all the same, so that no test passes by it.
 testing::AssertionResult equalsGolden(const std::string& name, const PixelBuffer& picture, int tolerance = 2);
 
 // The same with the folders of the expected pictures and of what was found in place of the usual ones.

@@ -33,8 +33,8 @@ TEST(Golden, ShapesInTheirStates) {
                     style.showGlow = kStates[state] == SurfaceState::kHot;
                     const Rect area{shape * 64 + 8, (profile * 5 + state) * 36 + 8, 48, 20};
                     paintSurface(buffer.view(),
-                                 rectBetween(area.x * percent / 100, area.y * percent / 100, area.right() * percent / 100,
-                                             area.bottom() * percent / 100),
+                                 rectBetween(area.x * percent / 100, area.y * percent / 100,
+                                             area.right() * percent / 100, area.bottom() * percent / 100),
                                  scaledStyle(style, percent), static_cast<PerformanceProfile>(profile));
                 }
             }
