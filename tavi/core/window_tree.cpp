@@ -1,5 +1,7 @@
 #include "tavi/core/window_tree.h"
 
+#include "tavi/core/cache_release.h"
+
 namespace tavi {
 WindowTree::WindowTree(Key, WindowPlatform& platform)
     : platform_(platform), root_(L"root"), pointer_(root_, platform), focus_(root_, platform), tooltip_(platform) {
@@ -71,6 +73,8 @@ void WindowTree::setClient(Size device, int32_t dpi) {
 
 void WindowTree::environmentChanged() {
     enter([&] {
+        CacheRelease release;
+        cachesReleased().emit(release);
         root_.releaseTreeCaches();
         root_.notifyTree();
         repaintAll();

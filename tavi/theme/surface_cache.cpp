@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include "tavi/core/cache_release.h"
+#include "tavi/theme/active_skin.h"
+
 namespace tavi {
 namespace {
 
@@ -98,7 +101,13 @@ void SurfaceCache::clear() {
 }
 
 SurfaceCache& surfaceCache() {
-    static SurfaceCache cache(kProcessLimit);
+    // Never destroyed, so that it outlives all who paint. Another scale or another skin needs other pictures.
+    static SurfaceCache& cache = [] -> SurfaceCache& {
+        auto& made = *new SurfaceCache(kProcessLimit);
+        cachesReleased().connect([&made](CacheRelease&) { made.clear(); });
+        skinChanged().connect([&made](SkinChange&) { made.clear(); });
+        return made;
+    }();
     return cache;
 }
 

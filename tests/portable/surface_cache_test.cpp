@@ -9,7 +9,9 @@
 #include <utility>
 #include <vector>
 
+#include "tavi/theme/active_skin.h"
 #include "tavi/theme/image.h"
+#include "tests/portable/window_fixture.h"
 
 namespace {
 
@@ -158,6 +160,20 @@ TEST(PictureName, StaysInsideItsFolder) {
         EXPECT_EQ(isSafePictureName(name), safe) << testing::PrintToString(std::wstring(name));
     }
     EXPECT_FALSE(isSafePictureName(std::wstring(100000, L'a')));
+}
+
+// Pictures for another scale or another skin are of no use.
+TEST(SurfaceCache, OfTheProcessIsClearedBySkinAndScale) {
+    testing_tavi::PlatformStandIn platform;
+    const auto tree = WindowTree::create(platform);
+    tree->setClient({400, 300}, 96);
+    isMade(surfaceCache(), keyOf(10));
+    tree->setClient({500, 300}, 96);
+    EXPECT_FALSE(isMade(surfaceCache(), keyOf(10)));
+    tree->setClient({500, 300}, 144);
+    EXPECT_TRUE(isMade(surfaceCache(), keyOf(10)));
+    activateSkin(SkinDefinition(activeSkin()));
+    EXPECT_TRUE(isMade(surfaceCache(), keyOf(10)));
 }
 
 }  // namespace
