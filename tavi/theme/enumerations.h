@@ -1,5 +1,5 @@
 // The choices that a skin makes by name. The values are fixed: the shader reads them as numbers. Their spellings stand
-// in tables, each value with all of its spellings as one row (enumerations.cpp).
+// in tables, each value with all of its spellings as one row (enumeration_names.cpp).
 #pragma once
 
 #include <cstdint>

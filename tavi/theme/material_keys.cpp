@@ -45,7 +45,7 @@ constexpr MaterialKey kMaterialKeys[] = {
     {"texture_opacity textureOpacity texture_strength textureStrength texture_mix textureMix",
      &MaterialProfile::textureOpacity, "How opaque the texture is."},
     {"light_angle lightAngle material_light_angle materialLightAngle", &MaterialProfile::lightAngle,
-     "Where the light comes from, in degrees counterclockwise from the right; may be negative."},
+     "Where the light comes from, in degrees clockwise from the right: -90 is above."},
     {"light_elevation lightElevation material_light_elevation materialLightElevation", &MaterialProfile::lightElevation,
      "How high the light stands: 0 grazing, 255 upright."},
     {"scale material_scale materialScale", &MaterialProfile::scale,

@@ -12,7 +12,7 @@ namespace {
 using enum MaterialKind;
 using enum MaterialFinish;
 
-// The pattern of a gem follows from its kind of gradient; see cutOf.
+// The pattern of a gem follows from its kind of gradient; see kCuts.
 constexpr std::array<KindRecipe, kMaterialKindCount> kKinds{{
     // kind           optics               pattern                body   dark   light  relief sheen
     {kNone, Optics::kMatte, Pattern::kFlat, 0.0f, 0.5f, 0.2f, 1.0f, 1.0f},

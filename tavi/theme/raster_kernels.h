@@ -26,11 +26,11 @@ struct RasterKernels {
     void (*lookUp)(uint32_t* target, size_t count, const uint32_t* table, int32_t size, int64_t at, int64_t step);
     // table[position x scale] for positions from 0 to 1; what lies outside is clamped.
     void (*lookUpAt)(uint32_t* target, const float* position, size_t count, const uint32_t* table, int32_t size);
-    // Positions of gradients around (centreX, centreY): for pixel i the centre of the pixel is (x + i, y). Distances
-    // are divided by the extent on each axis.
+    // Positions of gradients around a point: pixel i is (x + i) x scaleX away from it across, and as far down as the
+    // last number says, which is squared for radial and not negative for diamond.
     void (*radial)(float* out, size_t count, float x, float scaleX, float squareY);
     void (*diamond)(float* out, size_t count, float x, float scaleX, float awayY);
-    // The angle of (x + i, y) in turns from 0 to 1, from `first` on, clockwise.
+    // The angle of ((x + i) x scaleX, y) in turns from 0 to 1, from `first` on, clockwise.
     void (*conic)(float* out, size_t count, float x, float scaleX, float y, float first);
     // A mask of `opacity` where the distance is at most `near`, falling with the square to 0 at `far`.
     void (*falloff)(uint8_t* mask, const float* distance, size_t count, float near, float far, float opacity);

@@ -153,7 +153,7 @@ SurfaceStyle scaledStyle(const SurfaceStyle& style, int percent) {
           &scaled.tuning.uvOffsetX, &scaled.tuning.uvOffsetY}) {
         *length = scale(*length);
     }
-    // A hairline stays one until it would be two and a half.
+    // Rounded down: a hairline stays one until it would be two whole pixels.
     scaled.borderWidth = std::max(1, static_cast<int>(int64_t{style.borderWidth} * percent / 100));
     return scaled;
 }

@@ -30,7 +30,7 @@ StyleLook resolveStyle(const SkinDefinition& skin, std::wstring_view controlType
 // True when the skin has overrides for exactly this type and variant.
 bool hasStyle(const SkinDefinition& skin, std::wstring_view controlType, std::wstring_view variant);
 
-// The color of the mark around a focused control ("focus.color" of the type and variant, else the accent).
+// The color of the mark around a focused control ("focus.color" of the type and variant, else the theme's hot accent).
 Color focusColor(const SkinDefinition& skin, std::wstring_view controlType, std::wstring_view variant);
 
 // The same style with all of its lengths at another scale, in percent of 96 dots an inch.

@@ -1,5 +1,6 @@
-// Paints a surface into a buffer: shadow, glow, fill or gradient, picture, noise, material, inner shadow, border,
-// outline. docs/surfaces.md tells what each layer is and in which order they lie.
+// Paints a surface into a buffer: shadow, glow, fill or gradient with the border, picture, noise, inner shadow,
+// outline, and the material in a call of its own. docs/surfaces.md tells what each layer is and in which order they
+// lie.
 #pragma once
 
 #include <vector>

@@ -1,5 +1,4 @@
-// The names that skins use, each against what the documents that authors were given say, not against the program's own
-// tables.
+// The names that skins use, each written out here once more: a name that is lost from the program's tables is missed.
 #include <gtest/gtest.h>
 
 #include "base/text.h"

@@ -42,7 +42,7 @@ double softDistance(const ShapeOutline& outline, int x, int y) {
     return distance;
 }
 
-// The grain of a pixel, as the noise of every version has been.
+// The grain of a pixel: the same hash, in one expression.
 double grain(int x, int y, int seed) {
     uint32_t hash = static_cast<uint32_t>(x) * 0xC2B2AE3DU ^ static_cast<uint32_t>(y) * 0x9E3779B1U ^
                     static_cast<uint32_t>(seed) * 0x85EBCA77U;
