@@ -216,8 +216,8 @@ inline constexpr size_t kMaxJsonValues = 200'000;
 inline constexpr size_t kMaxJsonLength = size_t{1} << 24;
 
 // Reads a whole document, which may begin with a byte-order mark, and keeps a copy of its text. Anything behind the
-// document but white space, a zero character anywhere, half of a surrogate pair as an escape, a number beyond a double
-// and what is beyond the limits above are errors. Numbers become doubles.
+// document but white space, a zero character anywhere but as an escape, half of a surrogate pair as an escape, a number
+// beyond a double and what is beyond the limits above are errors. Numbers become doubles.
 std::expected<JsonDocument, JsonError> parseJson(std::string_view utf8);
 
 }  // namespace base

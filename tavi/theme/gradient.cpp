@@ -9,8 +9,8 @@
 namespace tavi {
 namespace {
 
-// So many that neighbours differ by half a level at most.
-constexpr int kTableSize = 512;
+// So many that neighbours differ by half a level at most, where the colors go there and back with a stop between, too.
+constexpr int kTableSize = 1024;
 
 // A direction as shares of the axes: the position along it is offset + u x across + v x down.
 struct Direction {

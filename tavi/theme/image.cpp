@@ -15,7 +15,9 @@ constexpr std::wstring_view kDevices[] = {L"con", L"prn", L"aux", L"nul", L"coni
 bool isDevice(std::wstring_view component) {
     const std::wstring name = base::lowered(component.substr(0, component.find(L'.')));
     const std::wstring_view stem = std::wstring_view(name).substr(0, name.find_last_not_of(L' ') + 1);
-    const bool numbered = stem.size() == 4 && (stem.starts_with(L"com") || stem.starts_with(L"lpt"));
+    // The superscripts 1 to 3 count as digits there.
+    const bool numbered = stem.size() == 4 && (stem.starts_with(L"com") || stem.starts_with(L"lpt")) &&
+                          std::wstring_view(L"0123456789\u00B9\u00B2\u00B3").contains(stem[3]);
     return numbered || std::ranges::find(kDevices, stem) != std::end(kDevices);
 }
 

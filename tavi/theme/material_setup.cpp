@@ -145,9 +145,10 @@ void setTexture(Setup& setup, const MaterialProfile& profile) {
     setup.blobCos = cosineOfDegrees(profile.lightBlobAngle) * blob;
     setup.blobSin = sineOfDegrees(profile.lightBlobAngle) * blob;
     setup.bend = 2.1f * std::min(1.0f, 60.0f * blob);
-    // Gems of different sizes or turned otherwise are different stones.
-    setup.cutSeed = setup.seed + static_cast<uint32_t>(profile.scale) * 131u + static_cast<uint32_t>(profile.angle);
-    setup.kites = static_cast<float>(std::clamp(64 / std::max(1, profile.scale), 2, 5));
+    // Gems of other colors or turned otherwise are different stones. Nothing of a cut follows a length alone: a stone
+    // is the same on monitors of other scales.
+    setup.cutSeed = setup.seed + profile.tint * 131u + static_cast<uint32_t>(profile.angle);
+    setup.kites = static_cast<float>(std::clamp(profile.lightBlobScale / std::max(1, profile.scale), 2, 5));
     for (float& weight : setup.kindWeight) {
         weight = 0;
     }

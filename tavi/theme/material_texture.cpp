@@ -1,17 +1,13 @@
 #include "tavi/theme/material_texture.h"
 
 #include "tavi/theme/material_layer.h"
+#include "tavi/theme/raster_kernels.h"
 
 namespace tavi {
 namespace {
 
 const material::Kernels& kernels() {
-#if defined(__x86_64__) || defined(__i386__)
-    static const bool hasAvx2 = __builtin_cpu_supports("avx2") != 0;
-    return hasAvx2 ? material::avx2::kKernels : material::plain::kKernels;
-#else
-    return material::plain::kKernels;
-#endif
+    return processorHasAvx2() ? material::avx2::kKernels : material::plain::kKernels;
 }
 
 }  // namespace

@@ -14,6 +14,7 @@ struct MaterialRequest {
     Color surfaceBase = 0;    // the color of what lies below
     Size size;                // device pixels
     Point windowOffset;       // of the surface in its window, device pixels; counts in a global mapping
+    // Where the light of a sheen comes from is the surface's; the kind, which decides cuts and bands, the profile's.
     GradientDirection gradientDirection = GradientDirection::kVertical;
     int noiseSeed = 1;
     uint8_t opacity = 255;

@@ -2,12 +2,14 @@
 
 namespace tavi {
 
-const RasterKernels* avx2Kernels();
+bool processorHasAvx2() {
+    // Asks the operating system, too, whether it saves the wider registers.
+    static const bool hasAvx2 = __builtin_cpu_supports("avx2") != 0;
+    return hasAvx2;
+}
 
 const RasterKernels* fastKernels() {
-    // Asks the operating system, too, whether it saves the wider registers.
-    static const bool kHasAvx2 = __builtin_cpu_supports("avx2") != 0;
-    return kHasAvx2 ? avx2Kernels() : nullptr;
+    return processorHasAvx2() ? &avx2Kernels() : nullptr;
 }
 
 const RasterKernels& rasterKernels() {

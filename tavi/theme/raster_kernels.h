@@ -39,7 +39,10 @@ struct RasterKernels {
 };
 
 const RasterKernels& plainKernels();
-// Null where the program was built without them or the processor lacks AVX2.
+// Only to be called where the processor has AVX2.
+const RasterKernels& avx2Kernels();
+bool processorHasAvx2();
+// Null where the processor lacks AVX2.
 const RasterKernels* fastKernels();
 // The fastest of them that the processor has.
 const RasterKernels& rasterKernels();

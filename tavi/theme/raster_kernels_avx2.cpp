@@ -9,8 +9,8 @@ constexpr const char* kName = "AVX2";
 
 }  // namespace
 
-const RasterKernels* avx2Kernels() {
-    return &kKernels;
+const RasterKernels& avx2Kernels() {
+    return kKernels;
 }
 
 }  // namespace tavi

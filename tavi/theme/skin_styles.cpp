@@ -17,21 +17,35 @@ namespace {
 
 constexpr std::wstring_view kStates[kSurfaceStateCount] = {L"normal",   L"hot",     L"pressed",  L"focused",
                                                            L"disabled", L"checked", L"selected", L"readonly"};
-constexpr std::wstring_view kAction = L"action";
+// A canonical name, or the normalized one of a type that only a program knows.
+std::wstring typeName(std::wstring_view controlType) {
+    return std::wstring(canonicalControlType(normalizeKey(controlType)));
+}
+
+// Variants that come in two forms: "danger-action" is a louder "danger", and looks like it where a skin does not say
+// how.
+constexpr std::wstring_view kWithActions[] = {L"primary", L"success", L"warning", L"danger"};
+
+// The normalized name without "-action".
+std::wstring plainVariant(std::wstring_view variant) {
+    std::wstring name = normalizeKey(variant);
+    for (const std::wstring_view plain : kWithActions) {
+        if (name.starts_with(plain) && std::wstring_view(name).substr(plain.size()) == L"action") {
+            return std::wstring(plain);
+        }
+    }
+    return name;
+}
 
 // The overrides of one control type in one variant.
 class Overrides {
 public:
     Overrides(const SkinDefinition& skin, std::wstring_view controlType, std::wstring_view variant) {
         // From the variant that is asked for to the one that every control has.
-        std::wstring name = normalizeKey(variant);
-        found_ = collect(skin, controlType, name);
-        if (found_.empty() && name.size() > kAction.size() && name.ends_with(kAction)) {
-            name.resize(name.size() - kAction.size());
-            found_ = collect(skin, controlType, name);
-        }
-        if (found_.empty()) {
-            found_ = collect(skin, controlType, L"default");
+        for (const std::wstring& name : {normalizeKey(variant), plainVariant(variant), std::wstring(L"default")}) {
+            if (found_.empty()) {
+                found_ = collect(skin, controlType, name);
+            }
         }
     }
 
@@ -83,14 +97,6 @@ private:
     std::vector<const StyleOverride*> found_;
 };
 
-std::wstring plainVariant(std::wstring_view variant) {
-    std::wstring name = normalizeKey(variant);
-    if (name.size() > kAction.size() && name.ends_with(kAction)) {
-        name.resize(name.size() - kAction.size());
-    }
-    return name;
-}
-
 void setColor(Color& color, const Overrides& overrides, std::wstring_view path) {
     if (const auto text = overrides.value(path)) {
         color = colorFromText(base::toUtf8(*text)).value_or(color);
@@ -107,7 +113,7 @@ Color focusColorOf(const SkinDefinition& skin, const Overrides& overrides) {
 
 StyleLook resolveStyle(const SkinDefinition& skin, std::wstring_view controlType, std::wstring_view variant,
                        SurfaceState state, std::wstring_view part) {
-    const std::wstring_view type = canonicalControlType(controlType);
+    const std::wstring type = typeName(controlType);
     const Overrides overrides(skin, type, variant);
     const StylePart& row = stylePart(type, part);
     StyleLook look = derivedLook(skin, row, plainVariant(variant));
@@ -131,7 +137,7 @@ StyleLook resolveStyle(const SkinDefinition& skin, std::wstring_view controlType
 }
 
 bool hasStyle(const SkinDefinition& skin, std::wstring_view controlType, std::wstring_view variant) {
-    const std::wstring_view type = canonicalControlType(controlType);
+    const std::wstring type = typeName(controlType);
     const std::wstring name = normalizeKey(variant);
     return std::ranges::any_of(skin.styleOverrides, [&](const StyleOverride& entry) {
         return canonicalControlType(entry.controlType) == type && normalizeKey(entry.variant) == name;
@@ -139,7 +145,7 @@ bool hasStyle(const SkinDefinition& skin, std::wstring_view controlType, std::ws
 }
 
 Color focusColor(const SkinDefinition& skin, std::wstring_view controlType, std::wstring_view variant) {
-    return focusColorOf(skin, Overrides(skin, canonicalControlType(controlType), variant));
+    return focusColorOf(skin, Overrides(skin, typeName(controlType), variant));
 }
 
 SurfaceStyle scaledStyle(const SurfaceStyle& style, int percent) {
@@ -154,6 +160,7 @@ SurfaceStyle scaledStyle(const SurfaceStyle& style, int percent) {
         *length = scale(*length);
     }
     // Rounded down: a hairline stays one until it would be two whole pixels.
+    scaled.scalePercent = saturate(int64_t{style.scalePercent} * percent / 100);
     scaled.borderWidth = std::max(1, static_cast<int>(int64_t{style.borderWidth} * percent / 100));
     return scaled;
 }

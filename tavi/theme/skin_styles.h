@@ -24,6 +24,9 @@ struct StyleLook {
 // "<part>.normal.*" and "<part>.<state>.*", and "text.normal" and "text.<state>" for the color of the text. A variant
 // that the skin does not name takes the next one of its chain ("primary-action", "primary", "default"). Type and
 // variant are matched by their canonical names; `part` is "surface" for the control itself.
+//
+// Looks through all overrides of the skin, some hundredths of a millisecond: a control keeps its looks until the skin
+// or its scale changes.
 StyleLook resolveStyle(const SkinDefinition& skin, std::wstring_view controlType, std::wstring_view variant,
                        SurfaceState state, std::wstring_view part = L"surface");
 

@@ -1,6 +1,7 @@
 #include "tavi/theme/surface_cache.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "tavi/core/cache_release.h"
 #include "tavi/theme/active_skin.h"
@@ -87,11 +88,19 @@ const SurfacePicture& SurfaceCache::add(const SurfaceKey& key, PixelBuffer pictu
         bytes_ -= oldest->second.cost;
         entries_.erase(oldest);
     }
-    const auto [entry, isNew] = entries_.emplace(key, Entry{{std::move(picture), {}}, {}, cost});
-    entry->second.place = order_.insert(order_.end(), &entry->first);
-    entry->second.picture.opaque = opaquePart(entry->second.picture.pixels);
-    bytes_ += cost;
-    return entry->second.picture;
+    // Placed before it is entered: what cannot be made leaves nothing behind that has no place.
+    order_.push_back(nullptr);
+    const auto place = std::prev(order_.end());
+    try {
+        const Rect opaque = opaquePart(picture);
+        const auto entry = entries_.emplace(key, Entry{{std::move(picture), opaque}, place, cost}).first;
+        *place = &entry->first;
+        bytes_ += cost;
+        return entry->second.picture;
+    } catch (...) {
+        order_.erase(place);
+        throw;
+    }
 }
 
 void SurfaceCache::clear() {

@@ -64,7 +64,8 @@ uint8_t both(uint8_t a, uint8_t b) {
 
 int shadowBlur(const SurfaceStyle& style) {
     const int offset = std::max(std::abs(style.shadowOffsetX), std::abs(style.shadowOffsetY));
-    return std::min(std::clamp(3 * offset, 4, 24), std::max(style.shadowReach, 1));
+    const int reach = std::max(style.shadowReach, 1);
+    return std::clamp(3 * offset, std::min(4, reach), reach);
 }
 
 void paintShadow(SurfaceRows& rows, const SurfaceStyle& style) {

@@ -21,6 +21,8 @@ void paintBody(SurfaceRows& rows, const SurfaceStyle& style);
 
 // Inside the border.
 void paintPicture(SurfaceRows& rows, const SurfaceStyle& style, const PixelBuffer& picture);
+// How opaque the picture is at the pixel (x, y) of a surface of that size, which it must lie in.
+uint8_t pictureAlpha(const SurfaceStyle& style, Size size, const PixelBuffer& picture, int x, int y);
 void paintNoise(SurfaceRows& rows, const SurfaceStyle& style);
 void paintInnerShadow(SurfaceRows& rows, const SurfaceStyle& style);
 void paintLayer(SurfaceRows& rows, const PixelBuffer& layer);

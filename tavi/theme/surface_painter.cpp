@@ -12,6 +12,8 @@ namespace {
 
 // A surface farther away or larger than this is no window's; the arithmetic of the layers stays in its numbers.
 constexpr int kFarthest = 1 << 20;
+// The largest layer of a material, in pixels: twice the largest screen.
+constexpr int64_t kLargestLayer = int64_t{1} << 26;
 
 bool paintable(const Rect& area) {
     return !area.empty() && area.width <= kFarthest && area.height <= kFarthest && std::abs(area.x) <= kFarthest &&
@@ -126,7 +128,7 @@ void paintSegmentedSurface(PixelView target, const std::vector<Rect>& segments, 
 
 bool paintMaterial(PixelView target, const Rect& area, Point windowOffset, const SurfaceStyle& given,
                    PerformanceProfile profile) {
-    if (!paintable(area)) {
+    if (!paintable(area) || int64_t{area.width} * area.height > kLargestLayer) {
         return false;
     }
     const SurfaceStyle style = asPainted(given, area.size(), profile);
@@ -170,14 +172,10 @@ bool hitsSurface(const SurfaceStyle& style, Size size, int x, int y, const Pixel
     if (x < 0 || y < 0 || x >= size.width || y >= size.height) {
         return false;
     }
-    if (style.useSkinAlphaHitTest && picture != nullptr && !picture->empty()) {
-        PixelBuffer alone(size);
-        SurfaceRows rows(alone.view(), {0, 0, size.width, size.height}, ButtonShape::kRectangle, 0);
-        paintPicture(rows, style, *picture);
-        return alone.row(y)[x] >> 24 >= style.alphaThreshold;
-    }
-    return ShapeOutline(style.shape, size.width, size.height).coverage(x, y) >=
-           std::max<uint8_t>(style.alphaThreshold, 1);
+    const bool asksPicture = style.useSkinAlphaHitTest && picture != nullptr && !picture->empty();
+    const uint8_t covered = asksPicture ? pictureAlpha(style, size, *picture, x, y)
+                                        : ShapeOutline(style.shape, size.width, size.height).coverage(x, y);
+    return covered >= std::max<uint8_t>(style.alphaThreshold, 1);
 }
 
 }  // namespace tavi

@@ -56,10 +56,11 @@ struct SurfaceStyle {
     int shadowOffsetY = 2;
     int glowRadius = 8;
     int outlineWidth = 2;
-    // Skins do not set these two: the one follows the scale of the monitor, the other the performance profile.
+    NineSlice nineSlice;  // pixels of the picture
+    // Skins do not set these: they follow the scale of the monitor and the performance profile.
     int borderWidth = 1;
-    int shadowReach = 24;  // the most that a shadow blurs
-    NineSlice nineSlice;
+    int shadowReach = 24;    // the most that a shadow blurs
+    int scalePercent = 100;  // at which the sizes stand, and the borders of a picture are drawn
 
     GradientKind gradientKind = GradientKind::kLinear;
     GradientDirection gradientDirection = GradientDirection::kVertical;

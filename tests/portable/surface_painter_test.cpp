@@ -9,6 +9,7 @@
 #include "surface_reference.h"
 #include "tavi/theme/paint_limits.h"
 #include "tavi/theme/shape.h"
+#include "tavi/theme/skin_styles.h"
 
 namespace tavi {
 namespace {
@@ -166,7 +167,7 @@ TEST(SurfacePainter, BoundsAbsurdLengths) {
         style.nineSlice = {length, length, length, length};
         const PixelBuffer picture = ground({3, 2});
         paintSurface(buffer.view(), {5, 5, 20, 10}, style, kBest, &picture);
-        EXPECT_LE(surfaceMargins(style).left, 1024);
+        EXPECT_LE(surfaceMargins(style).left, 256 + 24);
     }
 }
 
@@ -232,6 +233,36 @@ TEST(SurfacePainter, SlicesAPictureIntoNine) {
     style.alphaThreshold = 100;
     EXPECT_TRUE(hitsSurface(style, {9, 9}, 4, 4, &picture));
     EXPECT_FALSE(hitsSurface(style, {9, 9}, 9, 4, &picture));
+    // How opaque the whole is painted does not matter, and nothing is never hit.
+    style.opacity = 10;
+    EXPECT_TRUE(hitsSurface(style, {9, 9}, 4, 4, &picture));
+    style.alphaThreshold = 0;
+    picture.view().row(4)[4] = 0;
+    EXPECT_FALSE(hitsSurface(style, {9, 9}, 4, 4, &picture));
+}
+
+// On a monitor of twice the dots everything is twice as large: lengths, the blur of the shadow, the borders of a
+// picture.
+TEST(SurfacePainter, GrowsWithTheScale) {
+    SurfaceStyle style;
+    style.showShadow = true;
+    style.shadowOffsetY = 8;
+    const SurfaceMargins margins = surfaceMargins(style);
+    const SurfaceMargins twice = surfaceMargins(scaledStyle(style, 200));
+    EXPECT_EQ(margins, (SurfaceMargins{24, 16, 24, 32}));
+    EXPECT_EQ(twice, (SurfaceMargins{48, 32, 48, 64}));
+    SurfaceStyle plate;
+    plate.drawFill = plate.drawBorder = false;
+    plate.useNineSlice = true;
+    plate.nineSlice = {2, 2, 2, 2};
+    PixelBuffer picture({6, 6});
+    std::ranges::fill(picture.pixels(), premultiplied(0x0000FF, 255));
+    picture.view().row(0)[0] = picture.view().row(0)[1] = picture.view().row(1)[0] = picture.view().row(1)[1] =
+        0xFFFFFFFF;
+    PixelBuffer buffer({40, 40});
+    paintSurface(buffer.view(), {0, 0, 40, 40}, scaledStyle(plate, 200), kBest, &picture);
+    EXPECT_EQ(buffer.row(2)[2], 0xFFFFFFFF);
+    EXPECT_EQ(buffer.row(5)[5], premultiplied(0x0000FF, 255));
 }
 
 TEST(SurfacePainter, FillsAlphaShapesByTheInsideTest) {

@@ -1,5 +1,5 @@
-// A dialog as this program's are, with one of every control in its states, painted in a skin's look. It shows what a
-// skin makes of it all and is what a full frame is measured with; nothing in it can be operated.
+// A dialog as this program's are, with the most usual controls in their states, painted in a skin's look. It shows what
+// a skin makes of it all and is what a full frame is measured with; nothing in it can be operated.
 #pragma once
 
 #include <memory>

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "tavi/theme/image.h"
 #include "tavi/theme/performance_profile.h"
 #include "tavi/theme/surface_cache.h"
 #include "tools/gallery/sample_dialog.h"
@@ -25,6 +26,12 @@ tavi::PixelBuffer sampleOf(const tavi::SkinDefinition& skin, int percent = 100) 
     return canvas.picture();
 }
 
+// The id, or a number for one that is no plain file name: anyone's catalog may be drawn.
+std::wstring fileNameOf(const std::wstring& id, size_t index) {
+    const bool plain = tavi::isSafePictureName(id) && id.find_first_of(L"/\\.") == std::wstring::npos;
+    return plain ? id : std::to_wstring(index + 1);
+}
+
 }  // namespace
 
 bool writeSkinSheets(const std::wstring& folder, const Skins& skins) {
@@ -37,7 +44,7 @@ bool writeSkinSheets(const std::wstring& folder, const Skins& skins) {
         for (size_t i = first; i < first + count; ++i) {
             const std::wstring& id = skins[i].id;
             const tavi::PixelBuffer picture = sampleOf(skins[i]);
-            saved = savePng(folder + L"\\skins\\" + id + L".png", picture) && saved;
+            saved = savePng(folder + L"\\skins\\" + fileNameOf(id, i) + L".png", picture) && saved;
             sheet.add(id, picture);
             overview.add(id, halved(picture));
         }
