@@ -23,16 +23,18 @@ class Json {
     enum class Kind : uint8_t { kNull, kFalse, kTrue, kNumber, kString, kArray, kObject };
     // Values stand in the order of the document, what a container holds behind it. In an object each value follows its
     // key, which is a string.
+    struct Text {
+        uint32_t begin, length;
+    };
+    struct Container {
+        uint32_t count;  // of its elements or members
+        uint32_t nodes;  // that it is with all it holds
+    };
     struct Node {
         union {
             double number;
-            struct {
-                uint32_t begin, length;
-            } text;
-            // How many elements or members there are, and how many nodes the container is with all it holds.
-            struct {
-                uint32_t count, nodes;
-            } container;
+            Text text;
+            Container container;
         };
         Kind kind;
     };
