@@ -39,15 +39,26 @@ constexpr ControlTypeRow kControlTypes[] = {
     {"selectabletext", "default", "Texts that can be selected."},
     {"popup dialog", "default", "Popups and dialogs."},
     {"tooltip tooltips", "default designed-help", "Tooltips."},
+    {"window", "default", "The ground of a window."},
 };
 
-std::vector<std::wstring> canonicalNames() {
-    std::vector<std::wstring> names;
-    for (const ControlTypeRow& row : kControlTypes) {
-        const std::string_view name = spellings(row.names).front();
-        names.emplace_back(name.begin(), name.end());
+struct Names {
+    SpellingIndex index{kControlTypes};
+    std::vector<std::string> narrow;
+    std::vector<std::wstring> wide;
+
+    Names() {
+        for (const ControlTypeRow& row : kControlTypes) {
+            const std::string_view name = spellings(row.names).front();
+            narrow.emplace_back(name);
+            wide.emplace_back(name.begin(), name.end());
+        }
     }
-    return names;
+};
+
+const Names& names() {
+    static const Names kNames;
+    return kNames;
 }
 
 }  // namespace
@@ -57,10 +68,13 @@ std::span<const ControlTypeRow> controlTypes() {
 }
 
 std::wstring_view canonicalControlType(std::wstring_view type) {
-    static const SpellingIndex kIndex(kControlTypes);
-    static const std::vector<std::wstring> kNames = canonicalNames();
-    const auto found = kIndex.find(FoldedName(type, Fold::kNormalized).text());
-    return found ? std::wstring_view(kNames[found->row]) : type;
+    const auto found = names().index.find(FoldedName(type, Fold::kNormalized).text());
+    return found ? std::wstring_view(names().wide[found->row]) : type;
+}
+
+std::string_view canonicalControlType(std::string_view type) {
+    const auto found = names().index.find(FoldedName(type, Fold::kNormalized).text());
+    return found ? std::string_view(names().narrow[found->row]) : type;
 }
 
 }  // namespace tavi

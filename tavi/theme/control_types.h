@@ -15,5 +15,6 @@ std::span<const ControlTypeRow> controlTypes();
 
 // The canonical name for a type in any spelling ("Check_Box", "tabs"), or `type` itself where it is none that is known.
 std::wstring_view canonicalControlType(std::wstring_view type);
+std::string_view canonicalControlType(std::string_view type);
 
 }  // namespace tavi

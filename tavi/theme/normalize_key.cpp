@@ -45,27 +45,29 @@ constexpr std::basic_string_view<Character> trimmedAscii(std::basic_string_view<
     return text;
 }
 
-// Puts the normalized form of an ASCII text behind what `out` holds.
+// Puts the normalized form of an ASCII text behind what `out` holds. False, with nothing done, for another text.
 template <typename Character>
-void appendNormalizedAscii(std::wstring& out, std::basic_string_view<Character> text) {
+bool appendNormalizedAscii(std::basic_string<Character>& out, std::basic_string_view<Character> text) {
     const std::basic_string_view<Character> key = trimmedAscii(text);
     const size_t before = out.size();
-    out.resize_and_overwrite(before + key.size(), [before, key](wchar_t* characters, size_t) {
-        wchar_t* end = characters + before;
+    bool isPlain = true;
+    out.resize_and_overwrite(before + key.size(), [before, key, &isPlain](Character* characters, size_t) {
+        Character* end = characters + before;
         for (const Character c : key) {
-            *end = static_cast<wchar_t>(loweredAscii(c));
+            isPlain &= isAscii(c);
+            *end = loweredAscii(c);
             end += c == '_' || c == '-' ? 0 : 1;
         }
-        return static_cast<size_t>(end - characters);
+        return isPlain ? static_cast<size_t>(end - characters) : before;
     });
+    return isPlain;
 }
 
 }  // namespace
 
 std::wstring normalizeKey(std::wstring_view text) {
     std::wstring key;
-    if (isAscii(text)) {
-        appendNormalizedAscii(key, text);
+    if (appendNormalizedAscii(key, text)) {
         return key;
     }
     key = base::lowered(base::trimmed(text));
@@ -73,11 +75,9 @@ std::wstring normalizeKey(std::wstring_view text) {
     return key;
 }
 
-void appendNormalizedKey(std::wstring& out, std::string_view utf8) {
-    if (isAscii(utf8)) {
-        appendNormalizedAscii(out, utf8);
-    } else {
-        out += normalizeKey(base::toWide(utf8));
+void appendNormalizedKey(std::string& out, std::string_view utf8) {
+    if (!appendNormalizedAscii(out, utf8)) {
+        out += base::toUtf8(normalizeKey(base::toWide(utf8)));
     }
 }
 

@@ -13,7 +13,7 @@ namespace tavi {
 // lower-cased, without "_" and "-". "Gradient_Start" and "gradientStart" become the same.
 std::wstring normalizeKey(std::wstring_view text);
 // The same of a UTF-8 text, put behind what `out` holds.
-void appendNormalizedKey(std::wstring& out, std::string_view utf8);
+void appendNormalizedKey(std::string& out, std::string_view utf8);
 
 enum class Fold : uint8_t { kNone, kLowered, kNormalized };
 

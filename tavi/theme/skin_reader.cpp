@@ -269,7 +269,7 @@ std::vector<base::Json> skinsOf(base::Json root) {
 
 std::vector<SkinDefinition> parseSkins(const base::JsonDocument& document, std::wstring_view source,
                                        SkinReadListener* listener) {
-    SkinReading reading{document.length() * kStyleCharactersPerByte, listener};
+    SkinReading reading{document.length() * kStyleBytesPerByte, listener};
     std::vector<SkinDefinition> skins;
     for (const base::Json value : skinsOf(document.root())) {
         if (auto skin = parseSkin(value, reading)) {

@@ -36,15 +36,15 @@ protected:
     ~SkinReadListener() = default;
 };
 
-// No path that a control reads is nearly as long, in characters.
+// No path that a control reads is nearly as long, in bytes.
 inline constexpr size_t kMaxStylePath = 256;
-// How many characters the paths and values of all styles may have for each byte of their document. Paths repeat the
-// keys around them, so a small document could make very many.
-inline constexpr size_t kStyleCharactersPerByte = 8;
+// How many bytes the paths and values of all styles may have for each byte of their document. Paths repeat the keys
+// around them, so a small document could make very many.
+inline constexpr size_t kStyleBytesPerByte = 8;
 
 // What the skins of one document share while they are read.
 struct SkinReading {
-    size_t styleCharacters = static_cast<size_t>(-1);  // that may still be kept
+    size_t styleBytes = static_cast<size_t>(-1);  // that may still be kept
     SkinReadListener* listener = nullptr;
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "base/text.h"
@@ -15,8 +16,8 @@
 namespace tavi {
 namespace {
 
-constexpr std::wstring_view kStates[kSurfaceStateCount] = {L"normal",   L"hot",     L"pressed",  L"focused",
-                                                           L"disabled", L"checked", L"selected", L"readonly"};
+constexpr std::string_view kStates[kSurfaceStateCount] = {"normal",   "hot",     "pressed",  "focused",
+                                                          "disabled", "checked", "selected", "readonly"};
 // A canonical name, or the normalized one of a type that only a program knows.
 std::wstring typeName(std::wstring_view controlType) {
     return std::wstring(canonicalControlType(normalizeKey(controlType)));
@@ -37,20 +38,28 @@ std::wstring plainVariant(std::wstring_view variant) {
     return name;
 }
 
+// Whether the entry is one of that type and variant. Its own texts are as the skin has them.
+bool isOf(const StyleOverride& entry, std::string_view canonicalType, std::string_view normalizedVariant) {
+    std::string variant;
+    appendNormalizedKey(variant, entry.variant);
+    return canonicalControlType(entry.controlType) == canonicalType && variant == normalizedVariant;
+}
+
 // The overrides of one control type in one variant.
 class Overrides {
 public:
     Overrides(const SkinDefinition& skin, std::wstring_view controlType, std::wstring_view variant) {
         // From the variant that is asked for to the one that every control has.
+        const std::string type = base::toUtf8(controlType);
         for (const std::wstring& name : {normalizeKey(variant), plainVariant(variant), std::wstring(L"default")}) {
             if (found_.empty()) {
-                found_ = collect(skin, controlType, name);
+                collect(skin, type, base::toUtf8(name));
             }
         }
     }
 
     // The last one wins, as a later entry of a skin does.
-    std::optional<std::wstring_view> value(std::wstring_view path) const {
+    std::optional<std::string_view> value(std::string_view path) const {
         for (auto entry = found_.rbegin(); entry != found_.rend(); ++entry) {
             if (const auto text = (*entry)->properties.find(path)) {
                 return text;
@@ -60,18 +69,16 @@ public:
     }
 
     // Sets what stands below the path; true when there was anything. A preset fills the tuning that others change.
-    bool apply(SurfaceStyle& style, std::wstring_view part, std::wstring_view state) const {
-        std::wstring path(part);
-        path.append(L".").append(state).append(L".");
+    bool apply(SurfaceStyle& style, std::wstring_view part, std::string_view state) const {
+        const std::string path = base::toUtf8(part).append(".").append(state).append(".");
         bool any = false;
         for (const bool presets : {true, false}) {
             for (const StyleOverride* const entry : found_) {
-                for (size_t i = 0; i < entry->properties.size(); ++i) {
-                    const StyleProperties::Property property = entry->properties.at(i);
+                for (const StyleProperties::Property property : entry->properties) {
                     if (!property.path.starts_with(path)) {
                         continue;
                     }
-                    const std::wstring_view name = property.path.substr(path.size());
+                    const std::string_view name = property.path.substr(path.size());
                     if (isSurfacePreset(name) == presets) {
                         any = true;
                         setSurfaceProperty(style, name, property.value);
@@ -83,29 +90,26 @@ public:
     }
 
 private:
-    static std::vector<const StyleOverride*> collect(const SkinDefinition& skin, std::wstring_view controlType,
-                                                     std::wstring_view variant) {
-        std::vector<const StyleOverride*> found;
+    void collect(const SkinDefinition& skin, std::string_view canonicalType, std::string_view normalizedVariant) {
         for (const StyleOverride& entry : skin.styleOverrides) {
-            if (canonicalControlType(entry.controlType) == controlType && normalizeKey(entry.variant) == variant) {
-                found.push_back(&entry);
+            if (isOf(entry, canonicalType, normalizedVariant)) {
+                found_.push_back(&entry);
             }
         }
-        return found;
     }
 
     std::vector<const StyleOverride*> found_;
 };
 
-void setColor(Color& color, const Overrides& overrides, std::wstring_view path) {
+void setColor(Color& color, const Overrides& overrides, std::string_view path) {
     if (const auto text = overrides.value(path)) {
-        color = colorFromText(base::toUtf8(*text)).value_or(color);
+        color = colorFromText(*text).value_or(color);
     }
 }
 
 Color focusColorOf(const SkinDefinition& skin, const Overrides& overrides) {
     Color color = skin.theme.accentHot;
-    setColor(color, overrides, L"focus.color");
+    setColor(color, overrides, "focus.color");
     return color;
 }
 
@@ -118,30 +122,29 @@ StyleLook resolveStyle(const SkinDefinition& skin, std::wstring_view controlType
     const StylePart& row = stylePart(type, part);
     StyleLook look = derivedLook(skin, row, plainVariant(variant));
     const bool changed = overrides.apply(look.surface, part, kStates[0]);
-    setColor(look.text, overrides, L"text.normal");
+    setColor(look.text, overrides, "text.normal");
     if (state == SurfaceState::kNormal) {
         return look;
     }
-    const std::wstring_view name = kStates[static_cast<size_t>(state)];
+    const std::string_view name = kStates[static_cast<size_t>(state)];
     enterState(look, skin, row, state, !changed);
     if (state == SurfaceState::kFocused) {
         look.surface.showOutline = true;
         look.surface.outline = focusColorOf(skin, overrides);
-        if (const auto width = overrides.value(L"focus.width")) {
-            look.surface.outlineWidth = integerFromText(base::toUtf8(*width)).value_or(look.surface.outlineWidth);
+        if (const auto width = overrides.value("focus.width")) {
+            look.surface.outlineWidth = integerFromText(*width).value_or(look.surface.outlineWidth);
         }
     }
     overrides.apply(look.surface, part, name);
-    setColor(look.text, overrides, std::wstring(L"text.").append(name));
+    setColor(look.text, overrides, std::string("text.").append(name));
     return look;
 }
 
 bool hasStyle(const SkinDefinition& skin, std::wstring_view controlType, std::wstring_view variant) {
-    const std::wstring type = typeName(controlType);
-    const std::wstring name = normalizeKey(variant);
-    return std::ranges::any_of(skin.styleOverrides, [&](const StyleOverride& entry) {
-        return canonicalControlType(entry.controlType) == type && normalizeKey(entry.variant) == name;
-    });
+    const std::string type = base::toUtf8(typeName(controlType));
+    const std::string name = base::toUtf8(normalizeKey(variant));
+    return std::ranges::any_of(skin.styleOverrides,
+                               [&](const StyleOverride& entry) { return isOf(entry, type, name); });
 }
 
 Color focusColor(const SkinDefinition& skin, std::wstring_view controlType, std::wstring_view variant) {

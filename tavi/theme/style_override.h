@@ -1,54 +1,87 @@
-// One entry of a skin's "styles" section: properties of a control type in one variant.
+// One entry of a skin's "styles" section: properties of a control type in one variant. Its texts are UTF-8, as they
+// stand in catalogs: those who read a property look for a name, a number or a color in it.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace tavi {
 
-// Texts by property path ("surface.normal.gradientstart"), in order of their paths. All of them stand in one text,
-// since a catalog has thousands and each is short.
+// Texts by property path ("surface.normal.gradientstart"), in the order of the catalog; of equal paths the last one
+// counts. All of them stand in one text, since catalogs have thousands and each is short.
 class StyleProperties {
 public:
     struct Property {
-        std::wstring_view path;
-        std::wstring_view value;
+        std::string_view path;
+        std::string_view value;
 
         bool operator==(const Property&) const = default;
     };
+    class Iterator;
 
-    // Adds or replaces one. Paths are segments of normalized keys joined by dots.
-    void set(std::wstring_view path, std::wstring_view value);
-    // For many at once: append() each, in whatever order, false when it is out of order; then settle() once if any was.
-    bool append(std::wstring_view path, std::wstring_view value);
-    void settle();
+    // Paths are segments of normalized keys joined by dots. Neither text may be a view into this object.
+    void append(std::string_view path, std::string_view value);
     // Keeps its memory.
-    void clear();
+    void clear() { records_.clear(); }
 
-    std::optional<std::wstring_view> find(std::wstring_view path) const;
-    size_t size() const { return places_.size(); }
-    bool empty() const { return places_.empty(); }
-    // Views into this object, valid until it changes.
-    Property at(size_t index) const;
+    // The value that counts. Looks at all properties.
+    std::optional<std::string_view> find(std::string_view path) const;
+    bool empty() const { return records_.empty(); }
+    // For range-based loops. Views into this object, valid until it changes.
+    Iterator begin() const;
+    Iterator end() const;
 
-    bool operator==(const StyleProperties& other) const;
+    bool operator==(const StyleProperties&) const = default;
 
 private:
-    struct Place {
-        uint32_t begin;
-        uint32_t pathLength;
-        uint32_t valueLength;
+    // Each property is its lengths, its path and its value.
+    struct Lengths {
+        uint32_t path;
+        uint32_t value;
     };
-    std::wstring texts_;
-    std::vector<Place> places_;
+    std::string records_;
 };
 
+class StyleProperties::Iterator {
+public:
+    Property operator*() const {
+        const Lengths length = lengths();
+        return {{record_ + sizeof(Lengths), length.path}, {record_ + sizeof(Lengths) + length.path, length.value}};
+    }
+    Iterator& operator++() {
+        const Lengths length = lengths();
+        record_ += sizeof(Lengths) + length.path + length.value;
+        return *this;
+    }
+    bool operator==(const Iterator&) const = default;
+
+private:
+    friend class StyleProperties;
+    explicit Iterator(const char* record) : record_(record) {}
+    Lengths lengths() const {
+        Lengths lengths;
+        std::memcpy(&lengths, record_, sizeof(lengths));
+        return lengths;
+    }
+
+    const char* record_;
+};
+
+inline StyleProperties::Iterator StyleProperties::begin() const {
+    return Iterator(records_.data());
+}
+
+inline StyleProperties::Iterator StyleProperties::end() const {
+    return Iterator(records_.data() + records_.size());
+}
+
 struct StyleOverride {
-    std::wstring controlType;  // normalized, as the skin has it; control_types.h knows its canonical name
-    std::wstring variant;
+    std::string controlType;  // normalized, as the skin has it; control_types.h knows its canonical name
+    std::string variant;
     StyleProperties properties;
 
     bool operator==(const StyleOverride&) const = default;

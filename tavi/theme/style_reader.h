@@ -1,6 +1,8 @@
 // Reads the styles of a skin: objects within objects become paths with texts.
 #pragma once
 
+#include <string>
+
 #include "base/json.h"
 #include "tavi/theme/skin_reader.h"
 
@@ -11,6 +13,6 @@ namespace tavi {
 void readStyles(SkinDefinition& skin, base::Json styles, const SkinPlace& place, SkinReading& reading);
 
 // A number as it stands in a style: whole ones without a point, others with at most 15 digits.
-std::wstring numberText(double number);
+std::string numberText(double number);
 
 }  // namespace tavi

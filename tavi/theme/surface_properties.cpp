@@ -3,7 +3,9 @@
 #include <deque>
 #include <string>
 
+#include "base/text.h"
 #include "tavi/theme/material_presets.h"
+#include "tavi/theme/normalize_key.h"
 #include "tavi/theme/skin_keys.h"
 #include "tavi/theme/skin_values.h"
 
@@ -18,9 +20,8 @@ public:
         add(materialKeys(), surfaceKeys().size());
     }
 
-    std::optional<size_t> rowOf(std::wstring_view name) const {
-        // Nothing is dropped here: the name comes normalized, and most of a path is looked up many times.
-        const auto found = index_.find(FoldedName(name, Fold::kNone).text());
+    std::optional<size_t> rowOf(std::string_view name) const {
+        const auto found = index_.find(name);
         return found ? std::optional<size_t>(found->row) : std::nullopt;
     }
 
@@ -29,11 +30,9 @@ private:
     void add(Keys keys, size_t firstRow) {
         for (const auto& key : keys) {
             for (const std::string_view name : spellings(key.names)) {
-                std::string normalized;
-                for (const wchar_t c : normalizeKey(std::wstring(name.begin(), name.end()))) {
-                    normalized.push_back(static_cast<char>(c));
-                }
-                index_.add(names_.emplace_back(std::move(normalized)), static_cast<uint16_t>(firstRow));
+                std::string& normalized = names_.emplace_back();
+                appendNormalizedKey(normalized, name);
+                index_.add(normalized, static_cast<uint16_t>(firstRow));
             }
             ++firstRow;
         }
@@ -50,14 +49,12 @@ const PropertyNames& propertyNames() {
 
 // Sets a member of `record`, of whatever type it is, from a text.
 template <typename Record, typename T>
-bool setFromText(Record& record, T Record::* member, std::wstring_view text) {
+bool setFromText(Record& record, T Record::* member, std::string_view text) {
     if constexpr (std::is_same_v<T, std::wstring>) {
-        record.*member = text;
+        record.*member = base::toWide(text);
         return true;
     } else {
-        // Every value that is no free text is in ASCII and short.
-        const FoldedName narrow(text, Fold::kNone);
-        const auto value = valueFromText<T>(narrow.text());
+        const auto value = valueFromText<T>(text);
         if (value) {
             record.*member = *value;
         }
@@ -65,7 +62,7 @@ bool setFromText(Record& record, T Record::* member, std::wstring_view text) {
     }
 }
 
-bool fillFromPreset(SurfaceStyle& style, std::wstring_view name) {
+bool fillFromPreset(SurfaceStyle& style, std::string_view name) {
     const auto preset = fromName<MaterialPreset>(name);
     if (!preset) {
         return false;
@@ -81,7 +78,7 @@ bool fillFromPreset(SurfaceStyle& style, std::wstring_view name) {
 
 struct SurfaceSetter {
     SurfaceStyle& style;
-    std::wstring_view text;
+    std::string_view text;
 
     bool operator()(PresetFill) const { return fillFromPreset(style, text); }
     template <typename T>
@@ -97,7 +94,7 @@ struct SurfaceSetter {
 
 }  // namespace
 
-bool setSurfaceProperty(SurfaceStyle& style, std::wstring_view normalizedName, std::wstring_view value) {
+bool setSurfaceProperty(SurfaceStyle& style, std::string_view normalizedName, std::string_view value) {
     const auto row = propertyNames().rowOf(normalizedName);
     if (!row) {
         return false;
@@ -108,7 +105,7 @@ bool setSurfaceProperty(SurfaceStyle& style, std::wstring_view normalizedName, s
                       : std::visit(setter, materialKeys()[*row - own].target);
 }
 
-bool isSurfacePreset(std::wstring_view normalizedName) {
+bool isSurfacePreset(std::string_view normalizedName) {
     const auto row = propertyNames().rowOf(normalizedName);
     return row && *row < surfaceKeys().size() && std::holds_alternative<PresetFill>(surfaceKeys()[*row].target);
 }

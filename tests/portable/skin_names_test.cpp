@@ -1,9 +1,12 @@
 // The names that skins use, each written out here once more: a name that is lost from the program's tables is missed.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "base/text.h"
 #include "tavi/theme/control_types.h"
 #include "tavi/theme/enumeration_names.h"
+#include "tavi/theme/style_parts.h"
 #include "tavi/theme/surface_properties.h"
 
 namespace {
@@ -102,9 +105,9 @@ TEST(SkinNames, NamesOfMaterialsAreNormalized) {
     };
     for (const auto& [text, key] : keys) {
         EXPECT_EQ(normalizeKey(text), key) << testing::PrintToString(text);
-        std::wstring appended = L"x.";
+        std::string appended = "x.";
         appendNormalizedKey(appended, base::toUtf8(text));
-        EXPECT_EQ(appended, L"x." + key);
+        EXPECT_EQ(appended, "x." + base::toUtf8(key));
     }
 }
 
@@ -147,11 +150,25 @@ TEST(SkinNames, ControlTypesHaveTheirSpellings) {
         const std::vector<std::string> names = split(row, ' ');
         for (const std::string& name : names) {
             EXPECT_EQ(canonicalControlType(base::toWide(name)), base::toWide(names.front())) << name;
+            EXPECT_EQ(canonicalControlType(std::string_view(name)), names.front());
         }
     }
     EXPECT_EQ(canonicalControlType(L"Tab_Strip"), L"tabstrip");
     EXPECT_EQ(canonicalControlType(L"gauge"), L"gauge");
     EXPECT_EQ(canonicalControlType(L""), L"");
+}
+
+TEST(SkinNames, ControlTypesAndTheirPartsAgree) {
+    std::vector<std::wstring> types;
+    for (const ControlTypeRow& row : controlTypes()) {
+        types.push_back(base::toWide(spellings(row.names).front()));
+        EXPECT_TRUE(std::ranges::any_of(styleParts(), [&](const StylePart& part) {
+            return part.controlType == types.back() && part.part == L"surface";
+        })) << row.names;
+    }
+    for (const StylePart& part : styleParts()) {
+        EXPECT_TRUE(std::ranges::contains(types, part.controlType)) << base::toUtf8(part.controlType);
+    }
 }
 
 // What a surface property has set, as a style that differs from the default in one member.
@@ -164,66 +181,66 @@ SurfaceStyle styleWith(Set set) {
 
 TEST(SurfaceProperties, EachSetsItsOwnMember) {
     const Color blue = hexColor(0x1020F0);
-    const std::tuple<const wchar_t*, const wchar_t*, SurfaceStyle> cases[] = {
-        {L"shape", L"Pill", styleWith([](auto& s) { s.shape = ButtonShape::kCapsule; })},
-        {L"fill", L"#1020f0", styleWith([&](auto& s) { s.fill = blue; })},
-        {L"border", L"1020F0", styleWith([&](auto& s) { s.border = blue; })},
-        {L"shadow", L"#1020F0", styleWith([&](auto& s) { s.shadow = blue; })},
-        {L"glow", L"#1020F0", styleWith([&](auto& s) { s.glow = blue; })},
-        {L"outline", L"#1020F0", styleWith([&](auto& s) { s.outline = blue; })},
-        {L"noise", L"#1020F0", styleWith([&](auto& s) { s.noise = blue; })},
-        {L"gradientstart", L"#1020F0", styleWith([&](auto& s) { s.gradientStart = blue; })},
-        {L"gradientmid", L"#1020F0", styleWith([&](auto& s) { s.gradientMid = blue; })},
-        {L"gradientend", L"#1020F0", styleWith([&](auto& s) { s.gradientEnd = blue; })},
-        {L"innershadowcolor", L"#1020F0", styleWith([&](auto& s) { s.innerShadowColor = blue; })},
-        {L"insetshadowcolor", L"#1020F0", styleWith([&](auto& s) { s.innerShadowColor = blue; })},
-        {L"materialtint", L"#1020F0", styleWith([&](auto& s) { s.tuning.tint = blue; })},
-        {L"backlightcolor", L"#1020F0", styleWith([&](auto& s) { s.tuning.backlightColor = blue; })},
-        {L"flamecolor", L"#1020F0", styleWith([&](auto& s) { s.tuning.flameColor = blue; })},
-        {L"drawfill", L"no", styleWith([](auto& s) { s.drawFill = false; })},
-        {L"drawborder", L"OFF", styleWith([](auto& s) { s.drawBorder = false; })},
-        {L"showshadow", L"true", styleWith([](auto& s) { s.showShadow = true; })},
-        {L"showinnershadow", L"1", styleWith([](auto& s) { s.showInnerShadow = true; })},
-        {L"showglow", L"on", styleWith([](auto& s) { s.showGlow = true; })},
-        {L"showoutline", L"yes", styleWith([](auto& s) { s.showOutline = true; })},
-        {L"usegradient", L"true", styleWith([](auto& s) { s.useGradient = true; })},
-        {L"usegradientmid", L"true", styleWith([](auto& s) { s.useGradientMid = true; })},
-        {L"usenineslice", L"true", styleWith([](auto& s) { s.useNineSlice = true; })},
-        {L"usenoise", L"true", styleWith([](auto& s) { s.useNoise = true; })},
-        {L"useskinalphahittest", L"true", styleWith([](auto& s) { s.useSkinAlphaHitTest = true; })},
-        {L"opacity", L"-3", styleWith([](auto& s) { s.opacity = 0; })},
-        {L"alphathreshold", L"7", styleWith([](auto& s) { s.alphaThreshold = 7; })},
-        {L"shadowopacity", L"300", styleWith([](auto& s) { s.shadowOpacity = 255; })},
-        {L"glowopacity", L"8.9", styleWith([](auto& s) { s.glowOpacity = 8; })},
-        {L"noiseopacity", L"9", styleWith([](auto& s) { s.noiseOpacity = 9; })},
-        {L"shadowoffsetx", L"-300", styleWith([](auto& s) { s.shadowOffsetX = -300; })},
-        {L"shadowoffsety", L"+5", styleWith([](auto& s) { s.shadowOffsetY = 5; })},
-        {L"glowradius", L"6", styleWith([](auto& s) { s.glowRadius = 6; })},
-        {L"outlinewidth", L"4", styleWith([](auto& s) { s.outlineWidth = 4; })},
-        {L"nineslice.left", L"1", styleWith([](auto& s) { s.nineSlice.left = 1; })},
-        {L"nineslice.top", L"2", styleWith([](auto& s) { s.nineSlice.top = 2; })},
-        {L"nineslice.right", L"3", styleWith([](auto& s) { s.nineSlice.right = 3; })},
-        {L"nineslice.bottom", L"4", styleWith([](auto& s) { s.nineSlice.bottom = 4; })},
-        {L"gradientkind", L"Radial", styleWith([](auto& s) { s.gradientKind = GradientKind::kRadial; })},
-        {L"gradientdirection", L"left_",
+    const std::tuple<const char*, const char*, SurfaceStyle> cases[] = {
+        {"shape", "Pill", styleWith([](auto& s) { s.shape = ButtonShape::kCapsule; })},
+        {"fill", "#1020f0", styleWith([&](auto& s) { s.fill = blue; })},
+        {"border", "1020F0", styleWith([&](auto& s) { s.border = blue; })},
+        {"shadow", "#1020F0", styleWith([&](auto& s) { s.shadow = blue; })},
+        {"glow", "#1020F0", styleWith([&](auto& s) { s.glow = blue; })},
+        {"outline", "#1020F0", styleWith([&](auto& s) { s.outline = blue; })},
+        {"noise", "#1020F0", styleWith([&](auto& s) { s.noise = blue; })},
+        {"gradientstart", "#1020F0", styleWith([&](auto& s) { s.gradientStart = blue; })},
+        {"gradientmid", "#1020F0", styleWith([&](auto& s) { s.gradientMid = blue; })},
+        {"gradientend", "#1020F0", styleWith([&](auto& s) { s.gradientEnd = blue; })},
+        {"innershadowcolor", "#1020F0", styleWith([&](auto& s) { s.innerShadowColor = blue; })},
+        {"insetshadowcolor", "#1020F0", styleWith([&](auto& s) { s.innerShadowColor = blue; })},
+        {"materialtint", "#1020F0", styleWith([&](auto& s) { s.tuning.tint = blue; })},
+        {"backlightcolor", "#1020F0", styleWith([&](auto& s) { s.tuning.backlightColor = blue; })},
+        {"flamecolor", "#1020F0", styleWith([&](auto& s) { s.tuning.flameColor = blue; })},
+        {"drawfill", "no", styleWith([](auto& s) { s.drawFill = false; })},
+        {"drawborder", "OFF", styleWith([](auto& s) { s.drawBorder = false; })},
+        {"showshadow", "true", styleWith([](auto& s) { s.showShadow = true; })},
+        {"showinnershadow", "1", styleWith([](auto& s) { s.showInnerShadow = true; })},
+        {"showglow", "on", styleWith([](auto& s) { s.showGlow = true; })},
+        {"showoutline", "yes", styleWith([](auto& s) { s.showOutline = true; })},
+        {"usegradient", "true", styleWith([](auto& s) { s.useGradient = true; })},
+        {"usegradientmid", "true", styleWith([](auto& s) { s.useGradientMid = true; })},
+        {"usenineslice", "true", styleWith([](auto& s) { s.useNineSlice = true; })},
+        {"usenoise", "true", styleWith([](auto& s) { s.useNoise = true; })},
+        {"useskinalphahittest", "true", styleWith([](auto& s) { s.useSkinAlphaHitTest = true; })},
+        {"opacity", "-3", styleWith([](auto& s) { s.opacity = 0; })},
+        {"alphathreshold", "7", styleWith([](auto& s) { s.alphaThreshold = 7; })},
+        {"shadowopacity", "300", styleWith([](auto& s) { s.shadowOpacity = 255; })},
+        {"glowopacity", "8.9", styleWith([](auto& s) { s.glowOpacity = 8; })},
+        {"noiseopacity", "9", styleWith([](auto& s) { s.noiseOpacity = 9; })},
+        {"shadowoffsetx", "-300", styleWith([](auto& s) { s.shadowOffsetX = -300; })},
+        {"shadowoffsety", "+5", styleWith([](auto& s) { s.shadowOffsetY = 5; })},
+        {"glowradius", "6", styleWith([](auto& s) { s.glowRadius = 6; })},
+        {"outlinewidth", "4", styleWith([](auto& s) { s.outlineWidth = 4; })},
+        {"nineslice.left", "1", styleWith([](auto& s) { s.nineSlice.left = 1; })},
+        {"nineslice.top", "2", styleWith([](auto& s) { s.nineSlice.top = 2; })},
+        {"nineslice.right", "3", styleWith([](auto& s) { s.nineSlice.right = 3; })},
+        {"nineslice.bottom", "4", styleWith([](auto& s) { s.nineSlice.bottom = 4; })},
+        {"gradientkind", "Radial", styleWith([](auto& s) { s.gradientKind = GradientKind::kRadial; })},
+        {"gradientdirection", "left_",
          styleWith([](auto& s) { s.gradientDirection = GradientDirection::kHorizontalLeft; })},
-        {L"noiseseed", L"99999999999", styleWith([](auto& s) { s.noiseSeed = 2147483647; })},
-        {L"material", L"jewel", styleWith([](auto& s) { s.material = MaterialKind::kGemstone; })},
-        {L"surfacematerial", L"glass", styleWith([](auto& s) { s.material = MaterialKind::kGlass; })},
-        {L"finish", L"wet", styleWith([](auto& s) { s.tuning.finish = MaterialFinish::kWet; })},
-        {L"insetshadow", L"11", styleWith([](auto& s) { s.tuning.innerShadow = 11; })},
-        {L"lightangle", L"-170", styleWith([](auto& s) { s.tuning.lightAngle = -170; })},
-        {L"mapping", L"world", styleWith([](auto& s) { s.tuning.uvMapping = MaterialMapping::kGlobal; })},
-        {L"image", L"pl\u00E1t.png", styleWith([](auto& s) { s.image = L"pl\u00E1t.png"; })},
-        {L"bitmap", L"a", styleWith([](auto& s) { s.image = L"a"; })},
-        {L"skin", L"b", styleWith([](auto& s) { s.image = L"b"; })},
-        {L"geometry", L"0, 0, 4, 4", styleWith([](auto& s) { s.geometry = L"0, 0, 4, 4"; })},
+        {"noiseseed", "99999999999", styleWith([](auto& s) { s.noiseSeed = 2147483647; })},
+        {"material", "jewel", styleWith([](auto& s) { s.material = MaterialKind::kGemstone; })},
+        {"surfacematerial", "glass", styleWith([](auto& s) { s.material = MaterialKind::kGlass; })},
+        {"finish", "wet", styleWith([](auto& s) { s.tuning.finish = MaterialFinish::kWet; })},
+        {"insetshadow", "11", styleWith([](auto& s) { s.tuning.innerShadow = 11; })},
+        {"lightangle", "-170", styleWith([](auto& s) { s.tuning.lightAngle = -170; })},
+        {"mapping", "world", styleWith([](auto& s) { s.tuning.uvMapping = MaterialMapping::kGlobal; })},
+        {"image", "pl\u00E1t.png", styleWith([](auto& s) { s.image = L"pl\u00E1t.png"; })},
+        {"bitmap", "a", styleWith([](auto& s) { s.image = L"a"; })},
+        {"skin", "b", styleWith([](auto& s) { s.image = L"b"; })},
+        {"geometry", "0, 0, 4, 4", styleWith([](auto& s) { s.geometry = L"0, 0, 4, 4"; })},
     };
     for (const auto& [name, value, expected] : cases) {
         SurfaceStyle style;
-        EXPECT_TRUE(setSurfaceProperty(style, name, value)) << testing::PrintToString(name);
-        EXPECT_EQ(style, expected) << testing::PrintToString(name);
-        EXPECT_NE(style, SurfaceStyle()) << testing::PrintToString(name) << " has a value that is no default";
+        EXPECT_TRUE(setSurfaceProperty(style, name, value)) << name;
+        EXPECT_EQ(style, expected) << name;
+        EXPECT_NE(style, SurfaceStyle()) << name << " has a value that is no default";
     }
 }
 
@@ -232,44 +249,44 @@ TEST(SurfaceProperties, APresetFillsTheTuningAndKeepsTheKinds) {
     style.tuning.surface = MaterialKind::kPaper;
     style.tuning.control = MaterialKind::kRubber;
     MaterialProfile expected = materialPreset(MaterialPreset::kRuby);
-    EXPECT_TRUE(setSurfaceProperty(style, L"materialpreset", L"Ruby"));
+    EXPECT_TRUE(setSurfaceProperty(style, "materialpreset", "Ruby"));
     EXPECT_EQ(style.material, expected.control);
     expected.surface = MaterialKind::kPaper;
     expected.control = MaterialKind::kRubber;
     expected.accent = MaterialKind::kNone;
     EXPECT_EQ(style.tuning, expected);
-    EXPECT_TRUE(isSurfacePreset(L"preset") && isSurfacePreset(L"materialpreset"));
-    EXPECT_FALSE(isSurfacePreset(L"material") || isSurfacePreset(L"") || isSurfacePreset(L"fill"));
+    EXPECT_TRUE(isSurfacePreset("preset") && isSurfacePreset("materialpreset"));
+    EXPECT_FALSE(isSurfacePreset("material") || isSurfacePreset("") || isSurfacePreset("fill"));
 }
 
 TEST(SurfaceProperties, WhatDoesNotFitChangesNothing) {
-    const std::pair<const wchar_t*, const wchar_t*> cases[] = {
-        {L"fill", L"#123"},
-        {L"fill", L"#12345678"},
-        {L"fill", L""},
-        {L"fill", L"##123456"},
-        {L"fill", L"#12345G"},
-        {L"fill", L"\uFF11\uFF12"},
-        {L"shape", L"star"},
-        {L"usenoise", L"maybe"},
-        {L"opacity", L"half"},
-        {L"opacity", L""},
-        {L"opacity", L"-"},
-        {L"glowradius", L"6px"},
-        {L"glowradius", L"1.2.3"},
-        {L"preset", L"cheese"},
-        {L"material", L"cheese"},
-        {L"gradientkind", L"spiral"},
-        {L"nosuch", L"1"},
-        {L"", L"1"},
-        {L"nineslice", L"1"},
-        {L"Fill", L"#123456"},
-        {L"borderwidth", L"3"},
-        {L"f\u00EFll", L"#123456"},
+    const std::pair<const char*, const char*> cases[] = {
+        {"fill", "#123"},
+        {"fill", "#12345678"},
+        {"fill", ""},
+        {"fill", "##123456"},
+        {"fill", "#12345G"},
+        {"fill", "\uFF11\uFF12"},
+        {"shape", "star"},
+        {"usenoise", "maybe"},
+        {"opacity", "half"},
+        {"opacity", ""},
+        {"opacity", "-"},
+        {"glowradius", "6px"},
+        {"glowradius", "1.2.3"},
+        {"preset", "cheese"},
+        {"material", "cheese"},
+        {"gradientkind", "spiral"},
+        {"nosuch", "1"},
+        {"", "1"},
+        {"nineslice", "1"},
+        {"Fill", "#123456"},
+        {"borderwidth", "3"},
+        {"f\u00EFll", "#123456"},
     };
     for (const auto& [name, value] : cases) {
         SurfaceStyle style;
-        EXPECT_FALSE(setSurfaceProperty(style, name, value)) << testing::PrintToString(std::pair(name, value));
+        EXPECT_FALSE(setSurfaceProperty(style, name, value)) << name << " " << value;
         EXPECT_EQ(style, SurfaceStyle());
     }
 }

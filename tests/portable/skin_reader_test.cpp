@@ -393,12 +393,12 @@ TEST(SkinReader, GroupsOfShapesTakeAShapeOrAGroupWhereTheyCan) {
     EXPECT_EQ(shapesOf(R"("listbox": {"surface": "hexagon"})").listbox, kHex);
 }
 
-using Pairs = std::vector<std::pair<std::wstring, std::wstring>>;
+using Pairs = std::vector<std::pair<std::string, std::string>>;
 
 Pairs propertiesOf(const StyleOverride& style) {
     Pairs pairs;
-    for (size_t i = 0; i < style.properties.size(); ++i) {
-        pairs.emplace_back(style.properties.at(i).path, style.properties.at(i).value);
+    for (const auto [path, value] : style.properties) {
+        pairs.emplace_back(path, value);
     }
     return pairs;
 }
@@ -413,10 +413,8 @@ TEST(SkinStyles, StylesAndVariantsBecomeOneListInTheirOrder) {
     const SkinDefinition skin = skinWith(
         R"("control_variants": {"card": {"x": {"a": 1}}}, "style_overrides": {"Check_Box": {"": {"a": 2}, "Primary-Action":
            {"a": 3}, "none": {"b": {}}}, "panel": {"glass": {"a": 4}}, "bad": 1})");
-    const std::tuple<std::wstring, std::wstring, std::wstring> expected[] = {{L"checkbox", L"default", L"2"},
-                                                                             {L"checkbox", L"Primary-Action", L"3"},
-                                                                             {L"panel", L"glass", L"4"},
-                                                                             {L"card", L"x", L"1"}};
+    const std::tuple<std::string, std::string, std::string> expected[] = {
+        {"checkbox", "default", "2"}, {"checkbox", "Primary-Action", "3"}, {"panel", "glass", "4"}, {"card", "x", "1"}};
     ASSERT_EQ(skin.styleOverrides.size(), std::size(expected));
     for (size_t i = 0; i < std::size(expected); ++i) {
         const StyleOverride& style = skin.styleOverrides[i];
@@ -424,27 +422,32 @@ TEST(SkinStyles, StylesAndVariantsBecomeOneListInTheirOrder) {
     }
 }
 
-TEST(SkinStyles, ObjectsBecomePathsInOrder) {
+TEST(SkinStyles, ObjectsBecomePathsInTheirOrder) {
     const std::pair<std::string, Pairs> cases[] = {
-        {R"({"surface": {"normal": {"gradient_start": "#3A2C1C"}}})", {{L"surface.normal.gradientstart", L"#3A2C1C"}}},
-        {R"({"dropdownScrollbarWidth": 12, "B": {"z": true, "A-b": false}, "a": 1.5})",
-         {{L"a", L"1.5"}, {L"b.ab", L"false"}, {L"b.z", L"true"}, {L"dropdownscrollbarwidth", L"12"}}},
+        {R"({"surface": {"normal": {"gradient_start": "#3A2C1C"}}})", {{"surface.normal.gradientstart", "#3A2C1C"}}},
+        {R"({"dropdownScrollbarWidth": 12, "B": {"z": true, " A-b ": false}, "a": 1.5})",
+         {{"dropdownscrollbarwidth", "12"}, {"b.z", "true"}, {"b.ab", "false"}, {"a", "1.5"}}},
         {R"({"gone": null, "list": [1], "empty": {}})", {}},
-        {R"({"a": "t\u00e9xt\ud83d\ude00", "": 1})", {{L"", L"1"}, {L"a", L"t\u00E9xt\U0001F600"}}},
-        // Two spellings of one path: the later one counts.
-        {R"({"a_b": 1, "aB": 2, "ab": {"c": 3}})", {{L"ab", L"2"}, {L"ab.c", L"3"}}},
-        {R"({"x": {"a": 1}, "y": 2, "X": {"a": 3, "b": 4}})", {{L"x.a", L"3"}, {L"x.b", L"4"}, {L"y", L"2"}}},
-        {R"({"a": {"b": 1}, "a.b": 2})", {{L"a.b", L"2"}}},
-        {R"({"a.b": 2, "a": {"b": 1}})", {{L"a.b", L"1"}}},
-        // Characters that sort before the point.
-        {R"({"a": {"x": 1}, "a b": 2, "a+": 3})", {{L"a b", L"2"}, {L"a+", L"3"}, {L"a.x", L"1"}}},
-        {R"({"abcdefghij": 1, "abcdefghia": 2, "abcdefgh": 3})",
-         {{L"abcdefgh", L"3"}, {L"abcdefghia", L"2"}, {L"abcdefghij", L"1"}}},
+        {R"({"a": "t\u00e9xt\ud83d\ude00", "": {"": 1}})", {{"a", "t\u00E9xt\U0001F600"}, {".", "1"}}},
+        {R"({"\u00e9_T\u00e9": 1, "a b": 2, "a.b": 3})", {{"\u00E9t\u00E9", "1"}, {"a b", "2"}, {"a.b", "3"}}},
         {R"({"n": -0.0, "o": 1e20, "p": -12345678901, "q": 0.1})",
-         {{L"n", L"0"}, {L"o", L"1e+20"}, {L"p", L"-12345678901"}, {L"q", L"0.1"}}},
+         {{"n", "0"}, {"o", "1e+20"}, {"p", "-12345678901"}, {"q", "0.1"}}},
     };
     for (const auto& [style, expected] : cases) {
         EXPECT_EQ(flattened(style), expected) << style;
+    }
+}
+
+TEST(SkinStyles, OfEqualPathsTheLastCounts) {
+    const std::tuple<std::string, std::string, std::string> cases[] = {
+        {R"({"a_b": 1, "aB": 2, "ab": {"c": 3}})", "ab", "2"},
+        {R"({"x": {"a": 1}, "y": 2, "X": {"a": 3, "b": 4}})", "x.a", "3"},
+        {R"({"a": {"b": 1}, "a.b": 2})", "a.b", "2"},
+        {R"({"a.b": 2, "a": {"b": 1}})", "a.b", "1"},
+    };
+    for (const auto& [style, path, expected] : cases) {
+        const SkinDefinition skin = skinWith(R"("styles": {"button": {"default": )" + style + "}}");
+        EXPECT_EQ(skin.styleOverrides.front().properties.find(path), expected) << style;
     }
 }
 
@@ -468,25 +471,24 @@ TEST(SkinStyles, LongPathsAndTooMuchOfAllAreLeftOut) {
     EXPECT_GT(characters, document.size() * 8 - 300) << "as many as may be";
 }
 
-TEST(SkinStyles, PropertiesAreFoundReplacedAndCompared) {
+TEST(SkinStyles, PropertiesAreFoundAndCompared) {
     StyleProperties properties;
-    StyleProperties other;
-    for (const wchar_t* path : {L"m", L"c", L"x", L"a", L"m.n"}) {
-        properties.set(path, std::wstring(path) + L"!");
+    EXPECT_TRUE(properties.empty());
+    EXPECT_EQ(properties.find(""), std::nullopt);
+    for (const std::string path : {"m", "", "m.n"}) {
+        properties.append(path, path + "!");
     }
-    for (const wchar_t* path : {L"m.n", L"x", L"a", L"m", L"c"}) {
-        other.set(path, L"else");
-        other.set(path, std::wstring(path) + L"!");
-    }
-    EXPECT_EQ(properties, other) << "whatever was there before";
-    EXPECT_EQ(properties.size(), 5u);
-    EXPECT_EQ(properties.at(3).path, L"m.n");
-    EXPECT_EQ(properties.find(L"c"), L"c!");
-    EXPECT_EQ(properties.find(L"d"), std::nullopt);
-    EXPECT_EQ(properties.find(L"z"), std::nullopt);
-    properties.set(properties.at(0).path, properties.at(4).value);
-    EXPECT_EQ(properties.find(L"a"), L"x!") << "from its own texts";
+    EXPECT_EQ(properties.find("m"), "m!");
+    EXPECT_EQ(properties.find(""), "!");
+    EXPECT_EQ(properties.find("m.n"), "m.n!");
+    EXPECT_EQ(properties.find("m."), std::nullopt);
+    StyleProperties other = properties;
+    EXPECT_EQ(properties, other);
+    other.append("m", "");
     EXPECT_NE(properties, other);
+    EXPECT_EQ(other.find("m"), "");
+    other.clear();
+    EXPECT_EQ(other, StyleProperties());
 }
 
 TEST(SkinCatalog, TheFilesOfAFolderAreChosenAndOrderedByTheirNames) {

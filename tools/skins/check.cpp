@@ -51,7 +51,7 @@ std::string valueText(base::Json value) {
         return "\"" + std::string(text->substr(0, kMost)) + "\"";
     }
     if (const auto number = value.number()) {
-        return narrow(tavi::numberText(*number));
+        return tavi::numberText(*number);
     }
     if (const auto boolean = value.boolean()) {
         return *boolean ? "true" : "false";
@@ -100,45 +100,43 @@ public:
 
 private:
     void checkStyle(const tavi::StyleOverride& style) {
-        const std::string place = "styles." + narrow(style.controlType) + "." + narrow(style.variant);
+        const std::string place = "styles." + style.controlType + "." + style.variant;
         checkVariant(style, place);
-        for (size_t i = 0; i < style.properties.size(); ++i) {
-            const auto [path, value] = style.properties.at(i);
+        for (const auto [path, value] : style.properties) {
+            const std::string name = place + "." + std::string(path);
             const auto target = stylePath(path);
             if (!target) {
                 // Controls of a program's own may read more than the framework's.
-                std::printf("%s: %s%s.%s: warning: no control reads it\n", file_.c_str(), skin_.c_str(), place.c_str(),
-                            narrow(path).c_str());
+                std::printf("%s: %s%s: warning: no control reads it\n", file_.c_str(), skin_.c_str(), name.c_str());
             } else if (!fits(*target, value)) {
-                say(place + "." + narrow(path) + ": \"" + narrow(value) + "\" is not " + describeType(target->type));
+                say(name + ": \"" + std::string(value) + "\" is not " + describeType(target->type));
             }
         }
     }
 
     void checkVariant(const tavi::StyleOverride& style, const std::string& place) {
-        const std::wstring_view canonical = tavi::canonicalControlType(style.controlType);
-        const std::string variant = narrow(style.variant);
+        const std::string_view canonical = tavi::canonicalControlType(std::string_view(style.controlType));
         std::vector<std::string_view> types;
         for (const tavi::ControlTypeRow& row : tavi::controlTypes()) {
-            if (base::toWide(firstName(row.names)) == canonical) {
+            if (firstName(row.names) == canonical) {
                 const auto variants = tavi::spellings(row.variants);
-                if (std::ranges::find(variants, variant) == variants.end()) {
-                    say(place + ": no such variant" + suggestion(variant, variants));
+                if (!std::ranges::contains(variants, style.variant)) {
+                    say(place + ": no such variant" + suggestion(style.variant, variants));
                 }
                 return;
             }
             std::ranges::copy(tavi::spellings(row.names), std::back_inserter(types));
         }
-        say(place + ": no such control type" + suggestion(narrow(style.controlType), types));
+        say(place + ": no such control type" + suggestion(style.controlType, types));
     }
 
-    static bool fits(const StylePath& target, std::wstring_view value) {
+    static bool fits(const StylePath& target, std::string_view value) {
         if (!target.property.empty()) {
             tavi::SurfaceStyle scratch;
             return tavi::setSurfaceProperty(scratch, target.property, value);
         }
-        return target.type.kind == tavi::ValueKind::kColor ? tavi::colorFromText(narrow(value)).has_value()
-                                                           : tavi::integerFromText(narrow(value)).has_value();
+        return target.type.kind == tavi::ValueKind::kColor ? tavi::colorFromText(value).has_value()
+                                                           : tavi::integerFromText(value).has_value();
     }
 
     std::string file_;

@@ -76,14 +76,12 @@ const std::vector<Property>& surfaceProperties() {
 
 namespace {
 
-bool isOneOf(std::wstring_view word, std::span<const std::string_view> words) {
-    return std::ranges::any_of(words, [word](std::string_view w) { return std::ranges::equal(word, w); });
-}
-
-std::optional<tavi::ValueType> typeOfProperty(std::wstring_view name) {
+std::optional<tavi::ValueType> typeOfProperty(std::string_view name) {
     for (const Property& property : surfaceProperties()) {
         for (const std::string_view spelling : tavi::spellings(property.names)) {
-            if (tavi::normalizeKey(base::toWide(spelling)) == name) {
+            std::string normalized;
+            tavi::appendNormalizedKey(normalized, spelling);
+            if (normalized == name) {
                 return property.type;
             }
         }
@@ -93,28 +91,28 @@ std::optional<tavi::ValueType> typeOfProperty(std::wstring_view name) {
 
 }  // namespace
 
-std::optional<StylePath> stylePath(std::wstring_view path) {
-    if (path == L"focus.color") {
-        return StylePath{L"", {tavi::ValueKind::kColor}};
+std::optional<StylePath> stylePath(std::string_view path) {
+    if (path == "focus.color") {
+        return StylePath{"", {tavi::ValueKind::kColor}};
     }
-    if (path == L"focus.width") {
-        return StylePath{L"", {tavi::ValueKind::kInteger}};
+    if (path == "focus.width") {
+        return StylePath{"", {tavi::ValueKind::kInteger}};
     }
-    const size_t first = path.find(L'.');
-    if (first == std::wstring_view::npos) {
+    const size_t first = path.find('.');
+    if (first == std::string_view::npos) {
         return std::nullopt;
     }
-    const std::wstring_view part = path.substr(0, first);
-    const size_t second = std::min(path.find(L'.', first + 1), path.size());
-    if (!isOneOf(path.substr(first + 1, second - first - 1), kStates)) {
+    const std::string_view part = path.substr(0, first);
+    const size_t second = std::min(path.find('.', first + 1), path.size());
+    if (!std::ranges::contains(kStates, path.substr(first + 1, second - first - 1))) {
         return std::nullopt;
     }
-    if (part == L"text") {
-        return second == path.size() ? std::optional(StylePath{L"", {tavi::ValueKind::kColor}}) : std::nullopt;
+    if (part == "text") {
+        return second == path.size() ? std::optional(StylePath{"", {tavi::ValueKind::kColor}}) : std::nullopt;
     }
-    const std::wstring_view property = second < path.size() ? path.substr(second + 1) : L"";
-    const auto type = std::ranges::contains(partNames(), narrow(part)) ? typeOfProperty(property) : std::nullopt;
-    return type ? std::optional(StylePath{std::wstring(property), *type}) : std::nullopt;
+    const std::string_view property = second < path.size() ? path.substr(second + 1) : "";
+    const auto type = std::ranges::contains(partNames(), part) ? typeOfProperty(property) : std::nullopt;
+    return type ? std::optional(StylePath{std::string(property), *type}) : std::nullopt;
 }
 
 }  // namespace skin_tool

@@ -81,11 +81,11 @@ inline constexpr std::string_view kStates[] = {"normal",   "hot",     "pressed",
 
 // What a style path leads to: a surface's property, the color of a text, the mark of the focus.
 struct StylePath {
-    std::wstring property;  // normalized, of a surface; empty for the others
+    std::string property;  // normalized, of a surface; empty for the others
     tavi::ValueType type;
 };
 // Nothing for a path that no control reads.
-std::optional<StylePath> stylePath(std::wstring_view path);
+std::optional<StylePath> stylePath(std::string_view path);
 
 // All properties of surfaces with their types, those of materials behind the style's own.
 struct Property {
@@ -97,6 +97,7 @@ const std::vector<Property>& surfaceProperties();
 
 int printSchema();
 int printKeys();
+int printLimits();
 int checkFiles(const std::vector<std::string>& files);
 
 }  // namespace skin_tool
