@@ -75,6 +75,11 @@ def printed_problems(tool):
         printed = subprocess.run([tool, command], capture_output=True, text=True, check=True).stdout
         if len(printed) < 1000 or printed != (REPO / "docs" / name).read_text(encoding="utf-8"):
             yield f"docs/{name} is not what the tables say: print it anew with skin_tool {command}"
+    printed = subprocess.run([tool, "limits"], capture_output=True, text=True, check=True).stdout
+    page = (REPO / "docs" / "surfaces.md").read_text(encoding="utf-8")
+    table = re.search(r"<!-- limits -->\n(.*)<!-- /limits -->", page, re.S)
+    if len(printed) < 400 or table is None or table[1] != f"\n{printed}\n":
+        yield "docs/surfaces.md is not what the tables of limits say: put what skin_tool limits prints between its marks"
 
 
 def checked_problems(tool, catalogs):
