@@ -16,8 +16,6 @@
 namespace tavi {
 namespace {
 
-constexpr std::string_view kStates[kSurfaceStateCount] = {"normal",   "hot",     "pressed",  "focused",
-                                                          "disabled", "checked", "selected", "readonly"};
 // A canonical name, or the normalized one of a type that only a program knows.
 std::wstring typeName(std::wstring_view controlType) {
     return std::wstring(canonicalControlType(normalizeKey(controlType)));
@@ -121,12 +119,12 @@ StyleLook resolveStyle(const SkinDefinition& skin, std::wstring_view controlType
     const Overrides overrides(skin, type, variant);
     const StylePart& row = stylePart(type, part);
     StyleLook look = derivedLook(skin, row, plainVariant(variant));
-    const bool changed = overrides.apply(look.surface, part, kStates[0]);
+    const bool changed = overrides.apply(look.surface, part, kStateNames[0]);
     setColor(look.text, overrides, "text.normal");
     if (state == SurfaceState::kNormal) {
         return look;
     }
-    const std::string_view name = kStates[static_cast<size_t>(state)];
+    const std::string_view name = kStateNames[static_cast<size_t>(state)];
     enterState(look, skin, row, state, !changed);
     if (state == SurfaceState::kFocused) {
         look.surface.showOutline = true;

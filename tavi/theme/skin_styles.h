@@ -11,6 +11,9 @@ namespace tavi {
 
 enum class SurfaceState : uint8_t { kNormal, kHot, kPressed, kFocused, kDisabled, kChecked, kSelected, kReadOnly };
 inline constexpr int kSurfaceStateCount = 8;
+// As style paths name them, in the order of the enumeration.
+inline constexpr std::string_view kStateNames[kSurfaceStateCount] = {"normal",   "hot",     "pressed",  "focused",
+                                                                     "disabled", "checked", "selected", "readonly"};
 
 // A surface and the color of the text on it.
 struct StyleLook {

@@ -93,6 +93,14 @@ def checked_problems(tool, catalogs):
                      "no such control type; did you mean \"button\"?", "warning: no control reads it"):
         if noticed.returncode != 1 or expected not in noticed.stdout:
             yield f"the skin tool does not say '{expected}' but {noticed.returncode}: {noticed.stdout}"
+    paths = """{"$schema": "x", "id": "a", "name": "b", "styles": {"button": {"primary_action":
+        {"surface": {"hott": {"fill": "#000000"}, "hot": {"fil": "#000000"}}, "header": {"hot": {"fill": "#000000"}}}}}}"""
+    noticed = subprocess.run([tool, "check", "/dev/stdin"], input=paths, capture_output=True, text=True)
+    for expected in ("surface.hott.fill: warning: no control reads it; did you mean \"hot\"?",
+                     "surface.hot.fil: warning: no control reads it; did you mean \"fill\"?",
+                     "header.hot.fill: warning: no control reads it"):
+        if noticed.returncode != 0 or noticed.stdout.count("\n") != 3 or expected not in noticed.stdout:
+            yield f"the skin tool does not warn '{expected}' alone but {noticed.returncode}: {noticed.stdout}"
     cut = subprocess.run([tool, "check", "/dev/stdin"], input='{"id": "a",\n "name" 1}', capture_output=True, text=True)
     if cut.returncode != 1 or "line 2, column 9" not in cut.stdout:
         yield f"the skin tool does not say where a document is broken: {cut.stdout}"

@@ -8,6 +8,7 @@
 
 #include "base/text.h"
 #include "tavi/theme/control_types.h"
+#include "tavi/theme/normalize_key.h"
 #include "tavi/theme/skin_reader.h"
 #include "tavi/theme/style_reader.h"
 #include "tavi/theme/surface_properties.h"
@@ -73,10 +74,11 @@ public:
         ++problems_;
         std::printf("%s: %s%s\n", file_.c_str(), skin_.c_str(), text.c_str());
     }
-    void checkSkin(base::Json value, size_t index) {
+    // `reading` is that of the whole file.
+    void checkSkin(base::Json value, size_t index, tavi::SkinReading& reading) {
         const auto id = value.find("id").string();
         skin_ = (id && !id->empty() ? std::string(*id) : "skin " + std::to_string(index + 1)) + ": ";
-        tavi::SkinReading reading{.listener = this};
+        reading.listener = this;
         if (!value.object()) {
             say("is " + valueText(value) + "; an object is expected");
         } else if (const auto skin = tavi::parseSkin(value, reading)) {
@@ -86,6 +88,10 @@ public:
     }
 
     void unknownKey(const tavi::SkinPlace& place, base::Json, const tavi::SpellingIndex& known) override {
+        // Editors look for the schema there.
+        if (place.around != nullptr && place.around->around == nullptr && place.key == "$schema") {
+            return;
+        }
         say(pathText(place) + ": no such key" + suggestion(place.key, known.names()));
     }
     void secondSpelling(const tavi::SkinPlace& place, base::Json value) override {
@@ -104,10 +110,14 @@ private:
         checkVariant(style, place);
         for (const auto [path, value] : style.properties) {
             const std::string name = place + "." + std::string(path);
+            const WrongSegment wrong =
+                wrongSegment(tavi::canonicalControlType(std::string_view(style.controlType)), path);
             const auto target = stylePath(path);
-            if (!target) {
+            if (!wrong.known.empty() || !target) {
                 // Controls of a program's own may read more than the framework's.
-                std::printf("%s: %s%s: warning: no control reads it\n", file_.c_str(), skin_.c_str(), name.c_str());
+                const std::vector<std::string_view> known(wrong.known.begin(), wrong.known.end());
+                std::printf("%s: %s%s: warning: no control reads it%s\n", file_.c_str(), skin_.c_str(), name.c_str(),
+                            suggestion(wrong.segment, known).c_str());
             } else if (!fits(*target, value)) {
                 say(name + ": \"" + std::string(value) + "\" is not " + describeType(target->type));
             }
@@ -120,7 +130,8 @@ private:
         for (const tavi::ControlTypeRow& row : tavi::controlTypes()) {
             if (firstName(row.names) == canonical) {
                 const auto variants = tavi::spellings(row.variants);
-                if (!std::ranges::contains(variants, style.variant)) {
+                const auto isVariant = [&](std::string_view each) { return folded(each) == folded(style.variant); };
+                if (std::ranges::none_of(variants, isVariant)) {
                     say(place + ": no such variant" + suggestion(style.variant, variants));
                 }
                 return;
@@ -128,6 +139,13 @@ private:
             std::ranges::copy(tavi::spellings(row.names), std::back_inserter(types));
         }
         say(place + ": no such control type" + suggestion(style.controlType, types));
+    }
+
+    // As variants are compared.
+    static std::string folded(std::string_view name) {
+        std::string result;
+        tavi::appendNormalizedKey(result, name);
+        return result;
     }
 
     static bool fits(const StylePath& target, std::string_view value) {
@@ -169,8 +187,12 @@ int checkFile(const std::string& name) {
     if (skins.empty()) {
         checker.say("holds no skin");
     }
+    tavi::SkinReading reading{.styleBytes = bytes.size() * tavi::kStyleBytesPerByte};
     for (size_t i = 0; i < skins.size(); ++i) {
-        checker.checkSkin(skins[i], i);
+        checker.checkSkin(skins[i], i, reading);
+    }
+    if (reading.styleBytes == 0) {
+        checker.say("has more styles than programs keep; the last ones are left out");
     }
     return checker.problems() > 0 ? 1 : 0;
 }

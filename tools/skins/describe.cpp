@@ -6,6 +6,7 @@
 
 #include "base/text.h"
 #include "tavi/theme/normalize_key.h"
+#include "tavi/theme/skin_styles.h"
 #include "tavi/theme/style_parts.h"
 
 namespace skin_tool {
@@ -104,7 +105,7 @@ std::optional<StylePath> stylePath(std::string_view path) {
     }
     const std::string_view part = path.substr(0, first);
     const size_t second = std::min(path.find('.', first + 1), path.size());
-    if (!std::ranges::contains(kStates, path.substr(first + 1, second - first - 1))) {
+    if (!std::ranges::contains(tavi::kStateNames, path.substr(first + 1, second - first - 1))) {
         return std::nullopt;
     }
     if (part == "text") {
@@ -113,6 +114,36 @@ std::optional<StylePath> stylePath(std::string_view path) {
     const std::string_view property = second < path.size() ? path.substr(second + 1) : "";
     const auto type = std::ranges::contains(partNames(), part) ? typeOfProperty(property) : std::nullopt;
     return type ? std::optional(StylePath{std::string(property), *type}) : std::nullopt;
+}
+
+WrongSegment wrongSegment(std::string_view controlType, std::string_view path) {
+    const size_t first = std::min(path.find('.'), path.size());
+    const size_t second = std::min(path.find('.', first + 1), path.size());
+    const std::string part(path.substr(0, first));
+    const std::string state(path.substr(std::min(first + 1, path.size()), second - std::min(first + 1, second)));
+    std::vector<std::string> parts{"text", "focus"};
+    for (const tavi::StylePart& row : tavi::styleParts()) {
+        if (narrow(row.controlType) == controlType) {
+            parts.push_back(narrow(row.part));
+        }
+    }
+    if (!std::ranges::contains(parts, part)) {
+        return {part, parts};
+    }
+    if (part == "focus") {
+        return stylePath(path) ? WrongSegment() : WrongSegment{state, {"color", "width"}};
+    }
+    if (!std::ranges::contains(tavi::kStateNames, state)) {
+        return {state, {std::begin(tavi::kStateNames), std::end(tavi::kStateNames)}};
+    }
+    if (stylePath(path)) {
+        return {};
+    }
+    WrongSegment wrong{std::string(path.substr(std::min(second + 1, path.size()))), {}};
+    for (const Property& property : surfaceProperties()) {
+        wrong.known.push_back(firstName(property.names));
+    }
+    return wrong;
 }
 
 }  // namespace skin_tool

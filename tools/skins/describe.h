@@ -74,10 +74,8 @@ std::string DefaultOf<Record>::text(const std::wstring& value) {
 
 std::string firstName(std::string_view names);
 
-// The parts of controls that are painted, each once, and the states that they are painted in.
+// The parts of controls that are painted, each once.
 const std::vector<std::string>& partNames();
-inline constexpr std::string_view kStates[] = {"normal",   "hot",     "pressed",  "focused",
-                                               "disabled", "checked", "selected", "readonly"};
 
 // What a style path leads to: a surface's property, the color of a text, the mark of the focus.
 struct StylePath {
@@ -86,6 +84,14 @@ struct StylePath {
 };
 // Nothing for a path that no control reads.
 std::optional<StylePath> stylePath(std::string_view path);
+
+// The segments that a path of this control type (its canonical name) can have where `path` leaves what is known: its
+// parts, the states or the properties. Empty when it leads to something that the type has.
+struct WrongSegment {
+    std::string segment;
+    std::vector<std::string> known;
+};
+WrongSegment wrongSegment(std::string_view controlType, std::string_view path);
 
 // All properties of surfaces with their types, those of materials behind the style's own.
 struct Property {

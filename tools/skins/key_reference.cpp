@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "tavi/theme/control_types.h"
+#include "tavi/theme/skin_styles.h"
 #include "tools/skins/describe.h"
 
 namespace skin_tool {
@@ -150,7 +151,7 @@ int printKeys() {
         "mark\n"
         "around a control with the focus.\n");
     words("Parts", std::vector<std::string_view>(partNames().begin(), partNames().end()));
-    words("States", kStates);
+    words("States", tavi::kStateNames);
     typeTable();
     heading("Properties of surfaces");
     std::puts(

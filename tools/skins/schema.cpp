@@ -1,10 +1,12 @@
-// "skin_tool schema": the JSON Schema (draft 2020-12) of catalogs. Editors complete and check with it, so it accepts
-// what the reader takes and no more, except in styles, where a program's own controls may read what is not known here.
+// "skin_tool schema": the JSON Schema (draft 2020-12) of catalogs. Editors complete and check with it, so it
+// wants the spellings and the ranges that the reference names, where the reader is more patient: it folds cases and clamps
+// numbers. In styles anything may stand, since a program's own controls may read what is not known here.
 #include <cstdio>
 #include <optional>
 #include <set>
 
 #include "tavi/theme/control_types.h"
+#include "tavi/theme/skin_styles.h"
 #include "tools/skins/describe.h"
 #include "tools/skins/json_writer.h"
 
@@ -316,7 +318,7 @@ private:
     void states(std::string_view definition) {
         type("object");
         json_.key("properties").object([&] {
-            for (const std::string_view state : kStates) {
+            for (const std::string_view state : tavi::kStateNames) {
                 json_.key(state).object([&] { reference(definition); });
             }
         });
