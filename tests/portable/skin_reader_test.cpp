@@ -9,6 +9,8 @@
 namespace {
 
 using namespace tavi;
+using testing_tavi::member;
+using testing_tavi::object;
 using testing_tavi::read;
 using testing_tavi::skinWith;
 
@@ -20,13 +22,6 @@ std::vector<std::string> words(const std::string& text) {
         found.emplace_back(word);
     }
     return found;
-}
-
-std::string member(const std::string& key, const std::string& value) {
-    return "\"" + key + "\": " + value;
-}
-std::string object(const std::string& members) {
-    return "{" + members + "}";
 }
 
 std::vector<std::wstring> idsOf(const std::vector<SkinDefinition>& skins) {

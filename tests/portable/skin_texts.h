@@ -21,4 +21,11 @@ inline tavi::SkinDefinition skinWith(const std::string& members) {
     return skins.empty() ? tavi::SkinDefinition() : skins.front();
 }
 
+inline std::string member(const std::string& key, const std::string& value) {
+    return "\"" + key + "\": " + value;
+}
+inline std::string object(const std::string& members) {
+    return "{" + members + "}";
+}
+
 }  // namespace testing_tavi

@@ -9,6 +9,8 @@
 namespace {
 
 using namespace tavi;
+using testing_tavi::member;
+using testing_tavi::object;
 using testing_tavi::read;
 using testing_tavi::skinWith;
 
