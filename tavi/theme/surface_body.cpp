@@ -44,7 +44,7 @@ public:
                            straight_.end >= visible.end && rows_.stride() == columns_.end - columns_.begin;
         if (plain) {
             blendColor(rows_.at(columns_.begin, visible.begin),
-                       static_cast<size_t>(rows_.stride() * (visible.end - visible.begin)), fill_);
+                       static_cast<size_t>(rows_.stride()) * static_cast<size_t>(visible.end - visible.begin), fill_);
         }
         return plain;
     }
@@ -115,7 +115,7 @@ private:
         const auto count = static_cast<size_t>(span.end - span.begin);
         Pixel* const target = rows_.at(span.begin, y);
         if (!inBorder && gradient_ && !gradient_->uniform()) {
-            blendRow(target, gradientRow(span, y), count);
+            blendRow(target, gradientRow(*gradient_, span, y), count);
         } else {
             blendColor(target, count, inBorder ? border_ : fill_);
         }
@@ -137,9 +137,9 @@ private:
         }
     }
 
-    const Pixel* gradientRow(Span span, int y) {
+    const Pixel* gradientRow(GradientRows& gradient, Span span, int y) {
         colors_.resize(std::max(colors_.size(), static_cast<size_t>(span.end - span.begin)));
-        gradient_->row(y, span.begin, span.end - span.begin, colors_.data());
+        gradient.row(y, span.begin, span.end - span.begin, colors_.data());
         return colors_.data();
     }
 
@@ -151,7 +151,7 @@ private:
         const int count = span.end - span.begin;
         float* const distances = rows_.distanceRow(count);
         rows_.outline().distances(span.begin, y, count, distances);
-        const Pixel* const colors = gradient_ && !gradient_->uniform() ? gradientRow(span, y) : nullptr;
+        const Pixel* const colors = gradient_ && !gradient_->uniform() ? gradientRow(*gradient_, span, y) : nullptr;
         Pixel* const target = rows_.at(span.begin, y);
         for (int i = 0; i < count; ++i) {
             const SurfaceRows::Cover cover = rows_.cover(distances[i], span.begin + i, y);
