@@ -1,6 +1,6 @@
 // "skin_tool schema": the JSON Schema (draft 2020-12) of catalogs. Editors complete and check with it, so it
-// wants the spellings and the ranges that the reference names, where the reader is more patient: it folds cases and clamps
-// numbers. In styles anything may stand, since a program's own controls may read what is not known here.
+// wants the spellings and the ranges that the reference names, where the reader is more patient: it folds cases and
+// clamps numbers. In styles anything may stand, since a program's own controls may read what is not known here.
 #include <cstdio>
 #include <optional>
 #include <set>
