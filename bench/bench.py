@@ -152,10 +152,15 @@ def bench_windows(machine):
 def bench_frames(machine):
     """The sample dialog in each of the shipped skins, painted whole."""
     skins = "Z:" + str(REPO / "resources" / "skins").replace("/", "\\")
-    if not machine.wine(BIN / "surface_timer.exe", r"C:\frames.out", skins, timeout=300):
-        sys.exit("the timer of frames failed")
-    rows = [row.split() for row in machine.read(r"C:\frames.out").splitlines()]
-    frames = {skin: (int(first) / 1000, int(again) / 1000) for skin, first, again in rows}
+    # Some processes: where one happens to lie in memory makes more of a difference than the skins do.
+    frames = {}
+    for _ in range(3):
+        if not machine.wine(BIN / "surface_timer.exe", r"C:\frames.out", skins, timeout=300):
+            sys.exit("the timer of frames failed")
+        for row in machine.read(r"C:\frames.out").splitlines():
+            skin, first, again = row.split()
+            best = frames.get(skin, (float("inf"), float("inf")))
+            frames[skin] = (min(best[0], int(first) / 1000), min(best[1], int(again) / 1000))
     slowest = max(frames, key=lambda skin: frames[skin][1])
     line("a full frame from kept surfaces", frames[slowest][1], FRAME_LIMIT, "ms",
          f"({slowest}, the slowest of {len(frames)} skins, the quickest of its rounds; "

@@ -4,8 +4,10 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <limits>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "base/text.h"
 #include "base/win32/files.h"
@@ -17,13 +19,33 @@
 
 namespace {
 
-constexpr int kRounds = 60;
+// All skins in turn, some times: what else the machine does for a while hits no skin in all of its rounds.
+constexpr int kTurns = 2;
+constexpr int kRounds = 15;
+
+// Microseconds, the least there were.
+struct Frames {
+    long long first = std::numeric_limits<long long>::max();
+    long long again = std::numeric_limits<long long>::max();
+};
 
 long long timedFrame(const gallery::SampleDialog& dialog, HDC target) {
     const long long start = bench::microseconds();
     dialog.paint(target);
     GdiFlush();
     return bench::microseconds() - start;
+}
+
+// False when a frame from kept surfaces rendered one.
+bool timeSkin(const tavi::SkinDefinition& skin, HDC target, Frames& frames) {
+    const gallery::SampleDialog dialog(skin);
+    tavi::surfaceCache().clear();
+    frames.first = std::min(frames.first, timedFrame(dialog, target));
+    const size_t rendered = tavi::surfaceCache().misses();
+    for (int round = 0; round < kRounds; ++round) {
+        frames.again = std::min(frames.again, timedFrame(dialog, target));
+    }
+    return tavi::surfaceCache().misses() == rendered;
 }
 
 }  // namespace
@@ -36,20 +58,19 @@ int wmain(int argc, wchar_t** argv) {
     if (buffer.fit(nullptr, gallery::kSampleSize) == tavi::BackBuffer::Change::Failed) {
         return 1;
     }
+    const std::vector<tavi::SkinDefinition> skins = tavi::loadSkinFolder(argv[2]);
+    std::vector<Frames> frames(skins.size());
+    for (int turn = 0; turn < kTurns; ++turn) {
+        for (size_t i = 0; i < skins.size(); ++i) {
+            if (!timeSkin(skins[i], buffer.target(), frames[i])) {
+                return 1;
+            }
+        }
+    }
     std::string report;
-    for (const tavi::SkinDefinition& skin : tavi::loadSkinFolder(argv[2])) {
-        const gallery::SampleDialog dialog(skin);
-        tavi::surfaceCache().clear();
-        const long long first = timedFrame(dialog, buffer.target());
-        const size_t rendered = tavi::surfaceCache().misses();
-        long long again = first;
-        for (int round = 0; round < kRounds; ++round) {
-            again = std::min(again, timedFrame(dialog, buffer.target()));
-        }
-        if (tavi::surfaceCache().misses() != rendered) {
-            return 1;
-        }
-        report += base::toUtf8(skin.id) + " " + std::to_string(first) + " " + std::to_string(again) + "\n";
+    for (size_t i = 0; i < skins.size(); ++i) {
+        report += base::toUtf8(skins[i].id) + " " + std::to_string(frames[i].first) + " " +
+                  std::to_string(frames[i].again) + "\n";
     }
     const base::UniqueFile file = base::openFile(argv[1], GENERIC_WRITE, 0, CREATE_ALWAYS);
     return !report.empty() && file && base::writeAll(file.get(), std::as_bytes(std::span(report))) ? 0 : 1;
