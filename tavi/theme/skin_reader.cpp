@@ -1,9 +1,9 @@
 #include "tavi/theme/skin_reader.h"
 
 #include <algorithm>
-#include <array>
 #include <ranges>
 #include <utility>
+#include <vector>
 
 #include "base/text.h"
 #include "tavi/theme/material_presets.h"
@@ -30,9 +30,7 @@ void walkSection(base::Json section, const SkinPlace& place, const SpellingIndex
         std::string_view key;
         uint16_t rank = 0;
     };
-    constexpr size_t kMaxRows = 64;
-    std::array<Found, kMaxRows> found{};
-    size_t end = 0;
+    std::vector<Found> found;  // by the rows of the table
     for (const auto [key, value] : *members) {
         const auto spelling = index.find(key);
         if (!spelling) {
@@ -41,17 +39,17 @@ void walkSection(base::Json section, const SkinPlace& place, const SpellingIndex
             }
             continue;
         }
+        found.resize(std::max(found.size(), spelling->row + size_t{1}));
         Found loser{value, key, spelling->rank};
         Found& best = found[spelling->row];
         if (!best.value || spelling->rank < best.rank) {
             std::swap(best, loser);
         }
-        end = std::max<size_t>(end, spelling->row + size_t{1});
         if (loser.value && reading.listener != nullptr) {
             reading.listener->secondSpelling({&place, loser.key}, loser.value);
         }
     }
-    for (size_t row = 0; row < end; ++row) {
+    for (size_t row = 0; row < found.size(); ++row) {
         if (found[row].value) {
             apply(row, found[row].value, SkinPlace{&place, found[row].key});
         }
