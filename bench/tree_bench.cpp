@@ -29,6 +29,11 @@ public:
     bool setFocus(Control*) override { return false; }
     Control* focused() const override { return nullptr; }
     Control* hovered() const override { return nullptr; }
+    void setControlTimer(Control&, int32_t, std::function<void()>) override {}
+    void copyText(const std::wstring&) override {}
+    std::wstring clipboardText() override { return {}; }
+    bool rightToLeft() const override { return false; }
+    WindowFrame* frame() override { return nullptr; }
     bool diagnostics() const override { return false; }
     void writeDiagnostic(const std::wstring&) override {}
 

@@ -17,6 +17,7 @@
 #include "tavi/core/appearance.h"
 #include "tavi/core/contour.h"
 #include "tavi/core/control_state.h"
+#include "tavi/core/cursor_shape.h"
 #include "tavi/core/input_target.h"
 #include "tavi/core/layout.h"
 #include "tavi/core/weak_control.h"
@@ -106,6 +107,9 @@ public:
     void setAppearance(Appearance appearance);
     const std::wstring& tooltip() const { return details().tooltip; }
     void setTooltip(std::wstring text) { ownDetails().tooltip = std::move(text); }
+    // What the pointer looks like over it, and over what is inside it and has none of its own.
+    std::optional<CursorShape> cursor() const { return details().cursor; }
+    void setCursor(std::optional<CursorShape> shape) { ownDetails().cursor = shape; }
     const ContourLists& contourLists() const { return details().contours; }
     // Inside of `paint` they count for that paint only.
     void setContours(ContourKind kind, std::vector<Rect> rects);
@@ -179,6 +183,7 @@ private:
         std::wstring automationName;
         std::wstring automationExtra;
         Visitor treeNotification;
+        std::optional<CursorShape> cursor;
     };
     const Details& details() const;
     Details& ownDetails();

@@ -2,6 +2,7 @@
 // its place. All areas are design pixels of the window's client area.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "tavi/core/geometry.h"
@@ -11,6 +12,7 @@
 namespace tavi {
 
 class Control;
+class WindowFrame;
 
 // Why an area has to be painted again; flags.
 enum RepaintReason : uint32_t { kRepaintAppearance = 8, kRepaintGeometry = 16 };
@@ -42,6 +44,17 @@ public:
     virtual Control* focused() const = 0;
     // The control that the pointer is over, the innermost one.
     virtual Control* hovered() const = 0;
+
+    // Calls `tick` about every so many milliseconds until the control stops it with 0, sets another one, or leaves the
+    // window. A tick may do anything, even destroy its control.
+    virtual void setControlTimer(Control& control, int32_t milliseconds, std::function<void()> tick = {}) = 0;
+    // The clipboard's text; empty where it has none.
+    virtual void copyText(const std::wstring& text) = 0;
+    virtual std::wstring clipboardText() = 0;
+    // Whether its texts are in a script that is written from right to left: texts begin, and rows are laid out, there.
+    virtual bool rightToLeft() const = 0;
+    // The real window; null where there is none.
+    virtual WindowFrame* frame() = 0;
 
     // Whether lines for developers are wanted; look before composing one.
     virtual bool diagnostics() const = 0;

@@ -1,8 +1,7 @@
-// Mouse, keyboard, focus and the clipboard of a window.
+// Mouse, keyboard and focus of a window.
 #include <windows.h>
 #include <windowsx.h>
 
-#include <cwchar>
 #include <utility>
 
 #include "tavi/core/window_native.h"
@@ -111,24 +110,6 @@ WindowNative::Answer WindowNative::onFocus(const Message& message) {
 void WindowNative::takeKeyboard() {
     if (handle_ != nullptr && GetActiveWindow() == handle_) {
         SetFocus(handle_);
-    }
-}
-
-void WindowNative::copyText(const std::wstring& text) {
-    const size_t bytes = (text.size() + 1) * sizeof(wchar_t);
-    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
-    if (memory == nullptr) {
-        return;
-    }
-    std::wmemcpy(static_cast<wchar_t*>(GlobalLock(memory)), text.c_str(), text.size() + 1);
-    GlobalUnlock(memory);
-    bool given = false;
-    if (OpenClipboard(handle_)) {
-        given = EmptyClipboard() && SetClipboardData(CF_UNICODETEXT, memory) != nullptr;
-        CloseClipboard();
-    }
-    if (!given) {
-        GlobalFree(memory);
     }
 }
 

@@ -77,6 +77,7 @@ const std::vector<WindowNative::Route>& WindowNative::routes() {
             {WM_SYSKEYUP, &Self::onKey},
             {WM_CHAR, &Self::onCharacter},
             {WM_SYSCHAR, &Self::onSystemCharacter},
+            {WM_SETCURSOR, &Self::onCursor},
             {WM_SETFOCUS, &Self::onFocus},
             {WM_KILLFOCUS, &Self::onFocus},
             {WM_IME_SETCONTEXT, &Self::onInputContext},

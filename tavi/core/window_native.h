@@ -1,6 +1,7 @@
 // The Win32 half of a window, behind Window. Its methods are spread over files by job: window_life_win32 (creation and
 // dispatch), window_modal_win32, window_post_win32, window_input_win32, window_ime_win32, window_sizing_win32,
-// window_dpi_win32, window_paint_win32, window_overlay_win32, window_tooltip_win32.
+// window_frame_win32, window_clipboard_win32, window_dpi_win32, window_paint_win32, window_overlay_win32,
+// window_tooltip_win32.
 //
 // Held by a shared pointer: the window procedure keeps it for as long as it runs, so what a callback destroys is the
 // Window, and this only when the last message is done.
@@ -20,6 +21,7 @@
 #include "tavi/core/sizing.h"
 #include "tavi/core/tooltip_host.h"
 #include "tavi/core/window.h"
+#include "tavi/core/window_frame.h"
 #include "tavi/core/window_tree.h"
 
 struct HMONITOR__;
@@ -39,14 +41,15 @@ std::optional<Rect> windowRectOf(HWND window);
 Rect workAreaOf(HWND window);
 Rect workAreaOf(HMONITOR__* monitor);
 
-class WindowNative final : public WindowPlatform, public std::enable_shared_from_this<WindowNative> {
+class WindowNative final : public WindowPlatform,
+                           public WindowFrame,
+                           public std::enable_shared_from_this<WindowNative> {
 public:
     WindowNative(Window& window, HINSTANCE instance);
     WindowNative(const WindowNative&) = delete;
     WindowNative& operator=(const WindowNative&) = delete;
     ~WindowNative() = default;
 
-    HWND handle() const { return handle_; }
     bool isModal() const { return modal_; }
     WindowTree& tree() { return *tree_; }
     bool create(const WindowOptions& options);
@@ -69,7 +72,6 @@ public:
     void setMinimumClientSize(Size size);
     Size effectiveMinimumClientSize();
     void setDefaultClientSize(Size size) { defaultClient_ = size; }
-    void resetToDefaultSize();
     void centerOn(HWND other);
     Window::PaintCounts paintCounts() const { return paintCounts_; }
 
@@ -85,8 +87,23 @@ public:
     void showTooltip(const std::wstring& text, const Rect& anchor) override;
     void hideTooltip() override;
     void copyText(const std::wstring& text) override;
+    std::wstring clipboardText() override;
+    WindowFrame* frame() override { return this; }
     void writeDiagnostic(const std::wstring& line) override;
     void cancelRequested() override;
+
+    // WindowFrame
+    HWND handle() const override { return handle_; }
+    bool canMinimize() const override;
+    bool canMaximize() const override;
+    bool maximized() const override;
+    void minimize() override;
+    void maximize() override;
+    void restore() override;
+    void resetToDefaultSize() override;
+    void requestClose() override;
+    void beginMove() override;
+    Rect onScreen(const Rect& area) const override;
 
 private:
     friend struct WindowProcedure;
@@ -118,6 +135,7 @@ private:
     Answer onSystemCharacter(const Message& message);
     Answer onEditCommand(const Message& message);
     Answer onFocus(const Message& message);
+    Answer onCursor(const Message& message);
     // Input methods.
     Answer onInputContext(const Message& message);
     Answer onCompositionStart(const Message& message);

@@ -21,7 +21,10 @@ struct OverlayItem {
     bool operator==(const OverlayItem&) const = default;
 };
 
-enum class WindowTimer { Tooltip = 1 };
+class WindowFrame;
+
+// The timers of a window; those of its controls count from FirstOfControls on.
+enum class WindowTimer : uint32_t { Tooltip = 1, FirstOfControls = 16 };
 
 class WindowPlatform {
 public:
@@ -40,6 +43,8 @@ public:
     virtual void showTooltip(const std::wstring& text, const Rect& anchor) = 0;
     virtual void hideTooltip() = 0;
     virtual void copyText(const std::wstring& text) = 0;
+    virtual std::wstring clipboardText() = 0;
+    virtual WindowFrame* frame() = 0;
     virtual void writeDiagnostic(const std::wstring& line) = 0;
     // Escape was pressed and nothing in the window took it.
     virtual void cancelRequested() = 0;

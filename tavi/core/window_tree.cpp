@@ -1,10 +1,17 @@
 #include "tavi/core/window_tree.h"
 
+#include <utility>
+
 #include "tavi/core/cache_release.h"
 
 namespace tavi {
 WindowTree::WindowTree(Key, WindowPlatform& platform)
-    : platform_(platform), root_(L"root"), pointer_(root_, platform), focus_(root_, platform), tooltip_(platform) {
+    : platform_(platform),
+      root_(L"root"),
+      pointer_(root_, platform),
+      focus_(root_, platform),
+      tooltip_(platform),
+      timers_(platform) {
     root_.setWindow(this);
 }
 
@@ -80,6 +87,13 @@ void WindowTree::environmentChanged() {
         repaintAll();
         return true;
     });
+}
+
+void WindowTree::setRightToLeft(bool rightToLeft) {
+    if (rightToLeft_ != rightToLeft) {
+        rightToLeft_ = rightToLeft;
+        environmentChanged();
+    }
 }
 
 bool WindowTree::pointerMove(PointerEvent event) {
@@ -177,6 +191,15 @@ std::optional<Rect> WindowTree::caretRectangle() const {
     return caret ? std::optional(scale_.device(caret->offset(focused->clientOrigin()))) : std::nullopt;
 }
 
+CursorShape WindowTree::cursorShape() const {
+    for (const Control* each = pointer_.hovered(); each != nullptr; each = each->parent()) {
+        if (const std::optional<CursorShape> shape = each->cursor()) {
+            return *shape;
+        }
+    }
+    return CursorShape::Arrow;
+}
+
 void WindowTree::activated(bool active) {
     enter([&] {
         if (!active) {
@@ -191,6 +214,8 @@ void WindowTree::timeOut(WindowTimer timer) {
     enter([&] {
         if (timer == WindowTimer::Tooltip) {
             tooltip_.timeOut(scale_);
+        } else {
+            timers_.timeOut(timer);
         }
         return true;
     });
@@ -243,6 +268,7 @@ void WindowTree::controlLeaves(Control& control) {
     changed_ = true;
     pointer_.forget(control);
     focus_.forget(control);
+    timers_.forget(control);
 }
 
 void WindowTree::pushClip(HDC target, const Rect& area) {
@@ -266,6 +292,12 @@ void WindowTree::releasePointer() {
 bool WindowTree::setFocus(Control* control) {
     const std::shared_ptr<WindowTree> keep = shared_from_this();
     return focus_.set(control);
+}
+
+void WindowTree::setControlTimer(Control& control, int32_t milliseconds, std::function<void()> tick) {
+    if (!closed_) {
+        timers_.set(control, milliseconds, std::move(tick));
+    }
 }
 
 void WindowTree::writeDiagnostic(const std::wstring& line) {

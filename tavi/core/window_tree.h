@@ -10,6 +10,7 @@
 #include <set>
 #include <string>
 
+#include "tavi/core/control_timers.h"
 #include "tavi/core/debug_overlay.h"
 #include "tavi/core/dirty_area.h"
 #include "tavi/core/focus_policy.h"
@@ -37,6 +38,9 @@ public:
     // What is behind all controls, 0xBBGGRR.
     void setBackground(uint32_t color);
 
+    // Which way its texts and rows run. Controls lay themselves out anew.
+    void setRightToLeft(bool rightToLeft);
+
     // From here on the tree gets no events and asks for nothing. The window is going.
     void close();
 
@@ -59,6 +63,8 @@ public:
     bool editCommand(EditCommand command);
     // Where the focused control has its caret, in device pixels.
     std::optional<Rect> caretRectangle() const;
+    // What the pointer looks like where it is.
+    CursorShape cursorShape() const;
     void activated(bool active);
     void timeOut(WindowTimer timer);
 
@@ -85,6 +91,11 @@ public:
     bool setFocus(Control* control) override;
     Control* focused() const override { return focus_.focused(); }
     Control* hovered() const override { return pointer_.hovered(); }
+    void setControlTimer(Control& control, int32_t milliseconds, std::function<void()> tick) override;
+    void copyText(const std::wstring& text) override { platform_.copyText(text); }
+    std::wstring clipboardText() override { return platform_.clipboardText(); }
+    bool rightToLeft() const override { return rightToLeft_; }
+    WindowFrame* frame() override { return platform_.frame(); }
     bool diagnostics() const override { return diagnostics_ && !closed_; }
     void writeDiagnostic(const std::wstring& line) override;
 
@@ -99,10 +110,12 @@ private:
     PointerPolicy pointer_;
     FocusPolicy focus_;
     TooltipPolicy tooltip_;
+    ControlTimers timers_;
     DirtyArea dirty_;
     Rect paintArea_;
     OverlayState overlay_;
     uint32_t background_ = 0;
+    bool rightToLeft_ = false;
     bool diagnostics_ = false;
     bool closed_ = false;
     bool changed_ = false;            // the tree has, since focus and hover were last looked at

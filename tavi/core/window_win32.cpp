@@ -68,10 +68,7 @@ Window::Poster Window::poster() const {
 }
 
 void Window::close() {
-    // By a message of its own even here: whoever calls it may be in the middle of something.
-    if (const HWND target = handle()) {
-        PostMessageW(target, WM_CLOSE, 0, 0);
-    }
+    native_->requestClose();
 }
 
 void Window::setTitle(const std::wstring& title) {
@@ -137,24 +134,23 @@ void Window::centerOn(HWND other) {
 }
 
 void Window::minimize() {
-    ShowWindow(handle(), SW_MINIMIZE);
+    native_->minimize();
 }
 
 void Window::maximize() {
-    ShowWindow(handle(), SW_MAXIMIZE);
+    native_->maximize();
 }
 
 void Window::restore() {
-    ShowWindow(handle(), SW_RESTORE);
+    native_->restore();
 }
 
 bool Window::maximized() const {
-    return IsZoomed(handle()) != FALSE;
+    return native_->maximized();
 }
 
 void Window::beginMove() {
-    ReleaseCapture();
-    SendMessageW(handle(), WM_NCLBUTTONDOWN, HTCAPTION, 0);
+    native_->beginMove();
 }
 
 }  // namespace tavi

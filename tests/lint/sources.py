@@ -4,7 +4,7 @@ from pathlib import Path
 
 REPO = Path(__file__).resolve().parents[2]
 # Code that is shipped, by floor: a folder may include what stands at its own place or below.
-FLOORS = [["base"], ["core", "tavi/core"], ["localization", "tavi/theme"], ["tavi/controls", "update"],
+FLOORS = [["base"], ["core", "tavi/core"], ["localization", "tavi/theme", "tavi/text"], ["tavi/controls", "update"],
           ["setup", "product"]]
 
 

@@ -59,6 +59,11 @@ public:
     bool setFocus(tavi::Control* control) override { return (focus = control) != nullptr; }
     tavi::Control* focused() const override { return focus; }
     tavi::Control* hovered() const override { return nullptr; }
+    void setControlTimer(tavi::Control&, int32_t, std::function<void()>) override {}
+    void copyText(const std::wstring&) override {}
+    std::wstring clipboardText() override { return {}; }
+    bool rightToLeft() const override { return false; }
+    tavi::WindowFrame* frame() override { return nullptr; }
     bool diagnostics() const override { return wantsLines; }
     void writeDiagnostic(const std::wstring& line) override { lines.push_back(line); }
 

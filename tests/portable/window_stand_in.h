@@ -48,6 +48,8 @@ public:
     std::vector<tavi::Rect> scheduled;
     bool grabbed = false;
     int32_t tooltipTimer = 0;
+    std::map<tavi::WindowTimer, int32_t> controlTimers;  // ms, 0 when stopped
+    tavi::WindowFrame* windowFrame = nullptr;
     std::wstring tooltip;
     tavi::Rect tooltipAnchor;
     std::wstring clipboard;
@@ -68,12 +70,16 @@ public:
     void popClip(HDC target) override { Canvas::of(target).clips.pop_back(); }
     void grabPointer(bool grab) override { grabbed = grab; }
     void takeKeyboard() override { ++keyboards; }
-    void setTimer(tavi::WindowTimer, int32_t milliseconds) override { tooltipTimer = milliseconds; }
+    void setTimer(tavi::WindowTimer timer, int32_t milliseconds) override {
+        (timer == tavi::WindowTimer::Tooltip ? tooltipTimer : controlTimers[timer]) = milliseconds;
+    }
     void showTooltip(const std::wstring& text, const tavi::Rect& anchor) override {
         tooltip = text, tooltipAnchor = anchor;
     }
     void hideTooltip() override { tooltip.clear(); }
     void copyText(const std::wstring& text) override { clipboard = text; }
+    std::wstring clipboardText() override { return clipboard; }
+    tavi::WindowFrame* frame() override { return windowFrame; }
     void writeDiagnostic(const std::wstring& line) override { lines.push_back(line); }
     void cancelRequested() override { ++cancels; }
 };

@@ -1,0 +1,64 @@
+// A scroll bar: a thumb on a track, and buttons at its ends where the skin shows them.
+#pragma once
+
+#include "tavi/controls/control_looks.h"
+#include "tavi/core/events.h"
+#include "tavi/core/signal.h"
+
+namespace tavi {
+
+// Where a thumb lies along its track. Pure; lengths in one unit.
+struct ThumbPlace {
+    int32_t start = 0;
+    int32_t length = 0;
+
+    bool operator==(const ThumbPlace&) const = default;
+};
+ThumbPlace thumbPlace(int32_t track, int32_t minimumThumb, int64_t range, int64_t page, int64_t value);
+// The value at which the thumb begins at `start`.
+int64_t valueOfThumb(int32_t start, int32_t track, int32_t minimumThumb, int64_t range, int64_t page);
+
+class ScrollBar : public Control {
+public:
+    ScrollBar(std::wstring id, const Rect& bounds, bool vertical = true);
+
+    Signal<ValueChangedEvent> changed;
+
+    // What is scrolled has the length `range`, of which `page` is seen; the value is where that begins. All of it in
+    // the unit of who scrolls; `line` is one step of it.
+    void setRange(int64_t range, int64_t page, int64_t line = 1);
+    int64_t value() const { return value_; }
+    void setValue(int64_t value);
+    int64_t largestValue() const { return range_ > page_ ? range_ - page_ : 0; }
+
+    bool matchesType(std::wstring_view type) const override;
+    void automationValue(std::wstring& value) const override;
+    void paint(HDC target, Point origin) override;
+    void releaseCaches() override;
+    bool pointerMove(PointerEvent& event) override;
+    bool pointerPress(PointerEvent& event) override;
+    bool pointerRelease(PointerEvent& event) override;
+    bool pointerWheel(WheelEvent& event) override;
+    void inputCancelled() override;
+    void pointerEntered() override;
+    void pointerLeft() override;
+
+private:
+    enum class Piece : uint8_t { kNone, kBack, kForward, kTrackBefore, kTrackAfter, kThumb };
+    Piece pieceAt(Point local) const;
+    Rect areaOf(Piece piece) const;
+    void repeat();
+
+    ControlLooks looks_{L"scrollbar"};
+    bool vertical_;
+    int64_t range_ = 0;
+    int64_t page_ = 0;
+    int64_t line_ = 1;
+    int64_t value_ = 0;
+    Piece hot_ = Piece::kNone;
+    Piece pressed_ = Piece::kNone;
+    Point at_;                // of the pointer
+    int32_t grabOffset_ = 0;  // of the pointer in the thumb
+};
+
+}  // namespace tavi

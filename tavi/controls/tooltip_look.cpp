@@ -1,0 +1,7 @@
+#include "tavi/controls/tooltip_look.h"
+
+namespace tavi {
+
+void useSkinForTooltips() {}
+
+}  // namespace tavi

@@ -1,0 +1,16 @@
+// Layouts for languages that are written from right to left.
+#pragma once
+
+#include "tavi/core/control.h"
+
+namespace tavi {
+
+// Moves the control to the mirror image of its place: the one as far from the right edge of a parent `parentWidth` wide
+// as it was from the left edge. Its anchors and constraints change sides with it. Controls inside of it stay where they
+// are: a control that lays out its own children knows WindowHost::rightToLeft().
+void mirror(Control& control, int32_t parentWidth);
+
+// Mirrors all children of a control in its present width.
+void mirrorChildren(Control& parent);
+
+}  // namespace tavi
