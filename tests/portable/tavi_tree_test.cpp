@@ -15,7 +15,7 @@ TEST_F(TaviTree, EffectsComeInOrderAndOnlyOnce) {
         {[&] { a->setEnabled(false); }, {L"repaint 8 (20, 10, 200x100)", L"changed a"}},
         {[&] { a->setText(L"x"); }, {L"repaint 8 (20, 10, 200x100)", L"text a"}},
         {[&] { a->setStyleId(2); }, {L"repaint 8 (20, 10, 200x100)", L"appearance a"}},
-        {[&] { a->setAppearance({L"s", 1, 2, 3}); }, {L"repaint 8 (20, 10, 200x100)", L"appearance a"}},
+        {[&] { a->setAppearance({.styleName = L"s", .textColor = 1}); }, {L"repaint 8 (20, 10, 200x100)", L"appearance a"}},
         {[&] { a->setCollapsed(true); }, {L"layout r", L"changed a"}},
         {[&] { b->setConstraints({.width = 150}); }, {L"layout a"}},
         {[&] { b->clearConstraints(); }, {L"layout a"}},
