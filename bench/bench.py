@@ -11,13 +11,12 @@ import threading
 import time
 from pathlib import Path
 
-import pefile
-
 REPO = Path(__file__).resolve().parents[1]
-sys.path[:0] = [str(REPO / "tools" / "wine"), str(REPO / "tests" / "e2e"), str(REPO / "tools" / "texts")]
-from catalog import Catalog  # noqa: E402
-from compile import images  # noqa: E402
+sys.path[:0] = [str(REPO / "tools" / "wine"), str(REPO / "tests" / "e2e")]
+from figures import exceeded, line  # noqa: E402
 from machine import BIN, DATA, Machine  # noqa: E402
+from sizes import bench_size, bench_texts, print_parts  # noqa: E402
+from start import bench_dialog  # noqa: E402
 from update_host import BASE, Authority, Client  # noqa: E402
 
 INSTALL_RATIO = 1.5
@@ -27,8 +26,6 @@ WINDOW_RATIO = 1.5
 REPAINT_RATIO = 0.1
 # Milliseconds: a full frame of the sample dialog from surfaces that are kept.
 FRAME_LIMIT = 4.0
-SIZE_LIMIT = 1.5 * 1024 * 1024
-TEXTS_LIMIT = 2.5 * 1024 * 1024
 PORTABLE_RATIOS = {"text_lookup": 1.0, "utf8": 8.0, "json_lookup": 2.0, "quoting": 4.0, "manifest": 60.0, "configuration": 40.0,
                    "find_by_id": 1.3, "emission": 4.0, "skins": 2.0}
 # Painting beside pixman (fills) and cairo (the rest). A fill of a whole screen is as fast as memory on both sides: what
@@ -42,16 +39,6 @@ RELAYOUT_GROWTH = 3.0
 # Windows' own SHA-256 and HTTPS, as Wine has them, carry these two; see docs/architecture.md, "Figures".
 DIGEST_RATIO = 8.0
 DOWNLOAD_RATIO = 12.0
-
-exceeded = []
-
-
-def line(name, value, limit, unit="", detail=""):
-    ok = value <= limit
-    if not ok:
-        exceeded.append(name)
-    print(f"  {name:<44} {value:10,.2f} {unit:<6} limit {limit:10,.2f}  {'ok' if ok else 'EXCEEDED'}  {detail}")
-
 
 def median_times(machine, rounds, commands):
     """Runs the commands in turn and gives the median time of each measured one in ms."""
@@ -169,41 +156,6 @@ def bench_frames(machine):
     print(f"    the first frame of a skin takes {min(first):.0f} to {max(first):.0f} ms")
 
 
-def bench_size():
-    pe = pefile.PE(str(BIN / "VelquinSetup.exe"))
-    payloads = 0
-    for kind in pe.DIRECTORY_ENTRY_RESOURCE.entries:
-        if str(kind.name) == "TAVIPAYLOAD":
-            payloads = sum(entry.directory.entries[0].data.struct.Size for entry in kind.directory.entries)
-    total = (BIN / "VelquinSetup.exe").stat().st_size
-    if not payloads:
-        sys.exit("VelquinSetup.exe carries no payloads: the size says nothing")
-    line("VelquinSetup.exe without its payloads", (total - payloads) / 1024, SIZE_LIMIT / 1024, "KiB",
-         f"({total / 1024:.0f} KiB with them)")
-
-
-def bench_texts():
-    """The texts as they are in the program, and what they will be when every cell is translated, if the rest of each column
-    is as long, compared to the English, as what is translated of it."""
-    catalog = Catalog()
-    tables = images(catalog)
-    if tables["kPool"] not in (BIN / "VelquinSetup.exe").read_bytes():
-        sys.exit("VelquinSetup.exe does not hold the present texts")
-    size = sum(map(len, tables.values()))
-
-    def length(wordings):
-        return sum(len(wording.encode()) + 1 for wording in wordings)
-
-    english = length({text.en for text in catalog.texts})
-    full = size - len(tables["kPool"]) + english
-    for column in catalog.columns:
-        translated = [text for text in catalog.texts if catalog.translation(column, text)]
-        if column.code != "en":
-            full += english * length(catalog.cell(column, text) for text in translated) / length(text.en for text in translated)
-    line("the texts in VelquinSetup.exe", size / 1024, TEXTS_LIMIT / 1024, "KiB")
-    line("the same when all is translated, estimated", full / 1024, TEXTS_LIMIT / 1024, "KiB")
-
-
 def bench_portable():
     run = subprocess.run([str(REPO / "build/native-release/bin/portable_bench"), "--benchmark_format=json",
                           "--benchmark_min_time=0.05s", "--benchmark_repetitions=7",
@@ -272,6 +224,7 @@ def bench_update(machine):
 def main():
     print("Size")
     bench_size()
+    print_parts()
     bench_texts()
     print("Portable code")
     bench_portable()
@@ -283,6 +236,7 @@ def main():
         machine.start(BIN / "close_target.exe", "stubborn", "bench")
         bench_windows(machine)
         bench_frames(machine)
+        bench_dialog(machine)
         bench_start(machine)
         bench_install(machine)
         print("    one install, step by step")
