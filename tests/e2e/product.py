@@ -88,6 +88,21 @@ def disk(machine, path, options):
         subprocess.run(["umount", str(folder)], check=True)
 
 
+@contextlib.contextmanager
+def left_behind(machine, path):
+    """A file that can be deleted neither now nor at the next restart, as long as the block runs."""
+    holder = machine.start(BIN / "hold_file.exe", path, "20000")
+    assert machine.wait_until(lambda: machine.exists(r"C:\held.txt"))
+    # A value of another type in the place of the list of pending renames: nothing can be added to it.
+    machine.wine("reg", "add", r"HKLM\SYSTEM\CurrentControlSet\Control\Session Manager", "/v",
+                 "PendingFileRenameOperations", "/t", "REG_DWORD", "/d", "1", "/f")
+    try:
+        yield
+    finally:
+        machine.unix(r"C:\held.txt").unlink()
+        holder.wait(30)
+
+
 def link_to_folder(machine, link, target):
     machine.unix(target).mkdir(parents=True, exist_ok=True)
     machine.unix(link).parent.mkdir(parents=True, exist_ok=True)

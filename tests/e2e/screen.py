@@ -1,4 +1,5 @@
 """A screen with a window manager, and a person in front of it."""
+import concurrent.futures
 import os
 import subprocess
 import time
@@ -36,10 +37,19 @@ class Screen:
 
 
 class Person:
-    """Acts on the windows of a machine (tests/tools/person.cpp tells the steps)."""
+    """Acts on the windows of a machine (tests/tools/person.cpp tells the steps), and runs the setup for it."""
 
     def __init__(self, machine):
         self.machine = machine
+        self.setup = None
+
+    def start(self, program=r"C:\setup\VelquinSetup.exe", **more):
+        """Starts the setup without options; its exit code comes with `exit_code`."""
+        self.setup = concurrent.futures.ThreadPoolExecutor(1).submit(self.machine.setup, program=program, **more)
+        return self
+
+    def exit_code(self):
+        return self.setup.result(150)
 
     def act(self, *steps, timeout=90):
         """Does the steps and gives what they found, a text each. A step that fails fails the test."""
@@ -50,6 +60,7 @@ class Person:
         assert not found or not found[-1].startswith("failed: "), found[-1]
         return found
 
-    def tell(self, control):
-        """What the framework says about a control of the window that is looked at, by name."""
-        return dict(entry.split("=", 1) for entry in self.act(f"tell {control}")[0].split(" | ") if "=" in entry)
+    def tell(self, title, *controls):
+        """What the framework says about controls of the window with a title: a dictionary for each."""
+        told = self.act(f"window 20000 {title}", *(f"tell {control}" for control in controls))
+        return [dict(entry.split("=", 1) for entry in text.split(" | ") if "=" in entry) for text in told]

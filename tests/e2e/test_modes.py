@@ -1,14 +1,9 @@
-"""Which mode runs, what the self-tests answer, the setup without options, and a setup that carries no package."""
-import subprocess
-import sys
+"""Which mode runs, what the self-tests answer, and a setup that carries no package."""
 import time
 
 import pytest
 
 from product import *  # noqa: F403
-
-sys.path.insert(0, str(REPO / "tools" / "texts"))
-from catalog import read_po  # noqa: E402
 
 
 @pytest.mark.parametrize("options,code,line", [
@@ -23,29 +18,6 @@ def test_self_tests_answer_with_their_own_codes(machine, options, code, line):
     assert machine.setup(options) == code
     assert machine.log()[-2].startswith(line)
     assert machine.log()[-1] == f"setup finished: exit={code}"
-
-
-@pytest.mark.parametrize("locale,setting,column", [
-    ("C.UTF-8", None, "en"), ("cs_CZ.UTF-8", "auto", "cs"), ("nn_NO.UTF-8", "xx", "no"), ("cs_CZ.UTF-8", "pl_pl", "pl")])
-def test_without_options_a_message_box_in_the_users_language_tells_what_works(machine, tmp_path, locale, setting, column):
-    """The language is that of the configuration, else that of Windows, which Wine takes from the locale."""
-    title = next(entry.msgstr for entry in read_po(REPO / "localization" / "po" / f"{column}.po")
-                 if entry.msgid == "Lumora Velquin Setup")
-    if locale != "C.UTF-8":
-        name, charset = locale.split(".")
-        subprocess.run(["localedef", "-i", name, "-f", charset, str(tmp_path / locale)], check=True)
-    if setting is not None:
-        machine.write(DATA + r"\velquin.json", f'{{"Language": "{setting}"}}')
-    machine.environment |= {"LC_ALL": locale, "LOCPATH": str(tmp_path)}
-    started = machine.start(machine.unix(r"C:\setup\VelquinSetup.exe"))
-    machine.environment["LC_ALL"] = "C.UTF-8"  # for what runs beside it
-    try:
-        assert machine.wait_until(lambda: machine.wine(BIN / "window_closer.exe", title), 30)
-        assert started.wait(30) == 4
-    finally:
-        started.kill()
-    assert "interactive setup: the dialog is not part of this build" in machine.log()
-    assert not machine.exists(DEFAULT_FOLDER)
 
 
 def test_a_setup_without_a_package_installs_the_files_beside_it(machine):

@@ -72,19 +72,12 @@ def test_a_file_in_use_goes_at_the_next_restart(machine):
 
 def test_a_file_that_cannot_even_be_scheduled_is_reported(machine):
     assert machine.setup("--install --no-start") == 0
-    holder = machine.start(BIN / "hold_file.exe", DEFAULT_FOLDER + r"\VelquinSetup.exe", "20000")
-    assert machine.wait_until(lambda: machine.exists(r"C:\held.txt"))
-    # A value of another type in the place of the list of pending renames: nothing can be added to it.
-    machine.wine("reg", "add", r"HKLM\SYSTEM\CurrentControlSet\Control\Session Manager", "/v",
-                 "PendingFileRenameOperations", "/t", "REG_DWORD", "/d", "1", "/f")
-    assert machine.setup("--uninstall") == 2
-    log = machine.log()
-    assert_in_order(log, "schedule delete on reboot failed: " + DEFAULT_FOLDER + r"\VelquinSetup.exe error=",
-                    "delete failed: " + DEFAULT_FOLDER + r"\VelquinSetup.exe", "MSI uninstall failed",
-                    "MSI uninstall unavailable or failed; falling back to legacy uninstall path",
-                    "uninstall completed with errors", "setup finished: exit=2")
-    machine.unix(r"C:\held.txt").unlink()
-    holder.wait(30)
+    with left_behind(machine, DEFAULT_FOLDER + r"\VelquinSetup.exe"):
+        assert machine.setup("--uninstall") == 2
+        assert_in_order(machine.log(), "schedule delete on reboot failed: " + DEFAULT_FOLDER + r"\VelquinSetup.exe error=",
+                        "delete failed: " + DEFAULT_FOLDER + r"\VelquinSetup.exe", "MSI uninstall failed",
+                        "MSI uninstall unavailable or failed; falling back to legacy uninstall path",
+                        "uninstall completed with errors", "setup finished: exit=2")
 
 
 def test_uninstalling_nothing_succeeds(machine):

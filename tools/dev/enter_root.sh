@@ -20,7 +20,20 @@ if [ "$checkout" != / ]; then
   mount --bind "$checkout" "$root$checkout"
 fi
 
-unset DISPLAY WAYLAND_DISPLAY XDG_RUNTIME_DIR XDG_CACHE_HOME XDG_CONFIG_HOME XDG_DATA_HOME TMPDIR PYTHONPATH LD_LIBRARY_PATH
+# The user's own display, for what shall be seen: its socket and its key, under names that nothing else uses.
+if [[ ${VELQUIN_DISPLAY:-} =~ ^:([0-9]+)(\.[0-9]+)?$ ]] && [ -S "/tmp/.X11-unix/X${BASH_REMATCH[1]}" ]; then
+  socket=/tmp/.X11-unix/X${BASH_REMATCH[1]}
+  touch "$root$socket"
+  mount --bind "$socket" "$root$socket"
+  if [ -f "${XAUTHORITY:-${HOME:-/root}/.Xauthority}" ]; then
+    cp "${XAUTHORITY:-${HOME:-/root}/.Xauthority}" "$root/tmp/display-key"
+    export VELQUIN_XAUTHORITY=/tmp/display-key
+  fi
+else
+  unset VELQUIN_DISPLAY
+fi
+
+unset XAUTHORITY DISPLAY WAYLAND_DISPLAY XDG_RUNTIME_DIR XDG_CACHE_HOME XDG_CONFIG_HOME XDG_DATA_HOME TMPDIR PYTHONPATH LD_LIBRARY_PATH
 while IFS='=' read -r name _; do case $name in WINE*) unset "$name" ;; esac; done < <(env)
 export HOME=/root LC_ALL=C.UTF-8 PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin
 # shellcheck disable=SC2016

@@ -153,6 +153,7 @@ enter_root() {
 environment_enter() { # CMD...: runs it among the tools, in the current folder where that belongs to the checkout
   local folder
   folder=$(pwd -P)
+  export VELQUIN_DISPLAY=${DISPLAY:-} VELQUIN_XAUTHORITY=${XAUTHORITY:-}
   if [ "$environment_kind" = here ]; then
     exec "$@"
   fi

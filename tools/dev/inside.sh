@@ -44,6 +44,13 @@ command_run() {
   build win64
   publish
   with_display python3 "$repo/tools/demo/demo.py"
+  if [ -n "${VELQUIN_DISPLAY:-}" ] && DISPLAY=$VELQUIN_DISPLAY XAUTHORITY=${VELQUIN_XAUTHORITY:-} timeout 10 xdpyinfo >/dev/null 2>&1; then
+    say "the setup's dialog is on your screen, on a machine that is thrown away when you close it"
+    DISPLAY=$VELQUIN_DISPLAY XAUTHORITY=${VELQUIN_XAUTHORITY:-} python3 "$repo/tools/demo/dialog.py"
+  else
+    with_display python3 "$repo/tools/demo/dialog.py" "$repo/out/dialog.png"
+    say "there is no display to show the setup's dialog on; its picture: out/dialog.png"
+  fi
 }
 
 command_test() {
