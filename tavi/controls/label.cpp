@@ -3,31 +3,67 @@
 #include <utility>
 
 namespace tavi {
+
 Label::Label(std::wstring id, const Rect& bounds, std::wstring text) : Control(std::move(id), bounds) {
     setText(std::move(text));
 }
-void Label::setFit(TextFit /*fit*/) {}
-void Label::setAlign(TextAlign /*align*/, TextVertical /*vertical*/) {}
-void Label::setFontChange(int /*morePoints*/, int /*weight*/) {}
-Size Label::preferredSize(int32_t /*width*/) const {
-    return {};
+
+void Label::setFit(TextFit fit) {
+    if (fit_ != fit) {
+        fit_ = fit;
+        requestRepaint();
+    }
 }
+
+void Label::setAlign(TextAlign align, TextVertical vertical) {
+    if (align_ != align || vertical_ != vertical) {
+        align_ = align;
+        vertical_ = vertical;
+        requestRepaint();
+    }
+}
+
+void Label::setFontChange(int morePoints, int weight) {
+    if (morePoints_ != morePoints || weight_ != weight) {
+        morePoints_ = morePoints;
+        weight_ = weight;
+        requestRepaint();
+    }
+}
+
+TextFont Label::font() const {
+    TextFont font = looks_.font(*this);
+    font.points += morePoints_;
+    font.weight = weight_ != 0 ? weight_ : font.weight;
+    return font;
+}
+
+const TextLayout& Label::fitted(Size room) const {
+    return lines_.fitted(*this, text(), font(), fit_, room);
+}
+
+Size Label::preferredSize(int32_t width) const {
+    return ControlText::needed(*this, text(), font(), width);
+}
+
 bool Label::isCut() const {
-    return false;
+    return fitted(deviceRect(localBounds(), clientOrigin()).size()).isCut();
 }
-bool Label::matchesType(std::wstring_view type) const {
-    return type == L"text";
+
+void Label::paint(HDC target, Point origin) {
+    const SurfaceState state = usable() ? SurfaceState::kNormal : SurfaceState::kDisabled;
+    const StyleLook& look = looks_.look(*this, state);
+    const Rect area = deviceRect(localBounds(), origin);
+    // Texts lie on what is there, unless their appearance says otherwise.
+    if (appearance().fillColor || appearance().borderColor) {
+        looks_.paintArea(target, *this, origin, area, state);
+    }
+    fitted(area.size()).draw(target, area, look.text, align_, vertical_);
 }
-void Label::paint(HDC /*target*/, Point /*origin*/) {}
-void Label::releaseCaches() {}
-void Label::textChanged() {}
-void Label::appearanceChanged() {}
-TextFormat Label::format(int32_t /*deviceWidth*/) const {
-    return {};
-}
-const TextLayout& Label::layoutFor(int32_t /*deviceWidth*/) const {
-    static const std::remove_cvref_t<const TextLayout&> kNone;
-    return kNone;
+
+void Label::releaseCaches() {
+    looks_.forget();
+    lines_.forget();
 }
 
 }  // namespace tavi

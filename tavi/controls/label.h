@@ -2,7 +2,7 @@
 #pragma once
 
 #include "tavi/controls/control_looks.h"
-#include "tavi/text/text_layout.h"
+#include "tavi/controls/control_text.h"
 
 namespace tavi {
 
@@ -20,28 +20,24 @@ public:
     // Whether an ellipsis stands for a part of it.
     bool isCut() const;
 
-    bool matchesType(std::wstring_view type) const override;
+    bool matchesType(std::wstring_view type) const override { return type == L"text"; }
+    // A label that explains itself is met by the pointer, so that its tooltip can appear.
     bool transparentToPointer() const override { return tooltip().empty(); }
     void automationValue(std::wstring& value) const override { value = text(); }
     void paint(HDC target, Point origin) override;
     void releaseCaches() override;
 
-protected:
-    void textChanged() override;
-    void appearanceChanged() override;
-
 private:
-    TextFormat format(int32_t deviceWidth) const;
-    const TextLayout& layoutFor(int32_t deviceWidth) const;
+    TextFont font() const;
+    const TextLayout& fitted(Size room) const;
 
     ControlLooks looks_{L"text"};
+    mutable ControlText lines_;
     TextFit fit_ = TextFit::kEllipsis;
     TextAlign align_ = TextAlign::kStart;
     TextVertical vertical_ = TextVertical::kCenter;
     int morePoints_ = 0;
     int weight_ = 0;
-    mutable TextLayout layout_;
-    mutable bool measured_ = false;
 };
 
 }  // namespace tavi

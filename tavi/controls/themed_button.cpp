@@ -3,47 +3,64 @@
 #include <utility>
 
 namespace tavi {
-ThemedButton::ThemedButton(std::wstring id, const Rect& bounds, std::wstring caption) : Control(std::move(id), bounds) {
+namespace {
+
+// Design pixels: a button's usual height, the room at either side of a caption and the least of it.
+constexpr int32_t kHeight = 32;
+constexpr int32_t kPadding = 16;
+constexpr int32_t kLeastPadding = 4;
+
+}  // namespace
+
+ThemedButton::ThemedButton(std::wstring id, const Rect& bounds, std::wstring caption)
+    : Pressable(std::move(id), bounds) {
     setText(std::move(caption));
 }
-void ThemedButton::setGlyph(Glyph /*glyph*/) {}
-void ThemedButton::setLook(std::wstring_view /*type*/, std::wstring_view /*part*/) {}
+
+void ThemedButton::setGlyph(Glyph glyph) {
+    if (glyph_ != glyph) {
+        glyph_ = glyph;
+        requestRepaint();
+    }
+}
+
+void ThemedButton::setLook(std::wstring_view type, std::wstring_view part) {
+    if (type_ != type || part_ != part) {
+        type_ = type;
+        part_ = part;
+        looks_ = ControlLooks(type_);
+        requestRepaint();
+    }
+}
+
 Size ThemedButton::preferredSize() const {
-    return {};
+    const Size caption = ControlText::needed(*this, text(), looks_.font(*this));
+    return larger({caption.width + 2 * kPadding, caption.height + 2 * kLeastPadding}, {0, kHeight});
 }
-bool ThemedButton::matchesType(std::wstring_view type) const {
-    return type == L"button";
+
+void ThemedButton::paint(HDC target, Point origin) {
+    const Interaction now = interaction();
+    const SurfaceState state = stateOf(now);
+    const Rect surface = surfaceArea(*this, origin);
+    looks_.paintArea(target, *this, origin, surface, state, part_, now.focused);
+    const Color color = looks_.look(*this, state, part_).text;
+    if (glyph_ != Glyph::kNone) {
+        drawGlyph(target, surface, glyph_, color);
+        return;
+    }
+    const Rect room = insetBy(surface, window()->scale().length(kLeastPadding), 0);
+    caption_.fitted(*this, text(), looks_.font(*this), TextFit::kEllipsis, room.size())
+        .draw(target, room, color, TextAlign::kCenter);
 }
-void ThemedButton::paint(HDC /*target*/, Point /*origin*/) {}
-void ThemedButton::releaseCaches() {}
-bool ThemedButton::pointerMove(PointerEvent& /*event*/) {
-    return false;
+
+void ThemedButton::releaseCaches() {
+    looks_.forget();
+    caption_.forget();
 }
-bool ThemedButton::pointerPress(PointerEvent& /*event*/) {
-    return false;
-}
-bool ThemedButton::pointerRelease(PointerEvent& /*event*/) {
-    return false;
-}
-bool ThemedButton::keyPress(KeyEvent& /*event*/) {
-    return false;
-}
-bool ThemedButton::keyRelease(KeyEvent& /*event*/) {
-    return false;
-}
-bool ThemedButton::activate() {
-    return false;
-}
-void ThemedButton::inputCancelled() {}
-void ThemedButton::pointerEntered() {}
-void ThemedButton::pointerLeft() {}
-void ThemedButton::focusChanged(bool /*focused*/) {}
-void ThemedButton::textChanged() {}
-void ThemedButton::appearanceChanged() {}
-void ThemedButton::setDown(bool /*down*/) {}
-const TextLayout& ThemedButton::layoutFor(int32_t /*deviceWidth*/) const {
-    static const std::remove_cvref_t<const TextLayout&> kNone;
-    return kNone;
+
+void ThemedButton::act() {
+    CommandEvent event{.source = this, .command = id()};
+    pressed.emit(event);
 }
 
 }  // namespace tavi

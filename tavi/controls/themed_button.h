@@ -1,15 +1,15 @@
 // A button with a caption, or with a painted sign in its place.
 #pragma once
 
-#include "tavi/controls/control_looks.h"
+#include "tavi/controls/control_text.h"
 #include "tavi/controls/glyphs.h"
+#include "tavi/controls/pressable.h"
 #include "tavi/core/events.h"
 #include "tavi/core/signal.h"
-#include "tavi/text/text_layout.h"
 
 namespace tavi {
 
-class ThemedButton : public Control {
+class ThemedButton : public Pressable {
 public:
     ThemedButton(std::wstring id, const Rect& bounds, std::wstring caption);
 
@@ -26,41 +26,22 @@ public:
     // What the caption needs with room around it, design pixels. Needs a window.
     Size preferredSize() const;
 
-    bool matchesType(std::wstring_view type) const override;
+    bool matchesType(std::wstring_view type) const override { return type == type_; }
     bool acceptsFocus() const override { return focusable_; }
     void automationValue(std::wstring& value) const override { value = text(); }
     void paint(HDC target, Point origin) override;
     void releaseCaches() override;
-    bool pointerMove(PointerEvent& event) override;
-    bool pointerPress(PointerEvent& event) override;
-    bool pointerRelease(PointerEvent& event) override;
-    bool keyPress(KeyEvent& event) override;
-    bool keyRelease(KeyEvent& event) override;
-    bool activate() override;
-    void inputCancelled() override;
-    void pointerEntered() override;
-    void pointerLeft() override;
-    void focusChanged(bool focused) override;
 
 protected:
-    void textChanged() override;
-    void appearanceChanged() override;
+    void act() override;
 
 private:
-    void setDown(bool down);
-    const TextLayout& layoutFor(int32_t deviceWidth) const;
-
-    ControlLooks looks_{L"button"};
     std::wstring type_ = L"button";
     std::wstring part_ = L"surface";
+    ControlLooks looks_{type_};
+    ControlText caption_;
     Glyph glyph_ = Glyph::kNone;
     bool focusable_ = true;
-    bool focused_ = false;
-    bool hot_ = false;
-    bool armed_ = false;  // a press has begun on it
-    bool down_ = false;   // and it looks pressed
-    mutable TextLayout layout_;
-    mutable bool measured_ = false;
 };
 
 }  // namespace tavi
