@@ -60,7 +60,9 @@ void CheckBox::paint(HDC target, Point origin) {
     looks_.paintArea(target, *this, origin, box, state, L"surface", now.focused);
     const Color text = looks_.look(*this, stateOf(now)).text;
     if (checked_) {
-        drawGlyph(target, box, Glyph::kTick, now.enabled ? looks_.look(*this, state, L"mark").surface.fill : text);
+        // The color of the mark is made for the look of a ticked box; on the others a tick is as readable as a text.
+        const bool marked = state == SurfaceState::kChecked;
+        drawGlyph(target, box, Glyph::kTick, marked ? looks_.look(*this, state, L"mark").surface.fill : text);
     }
     const int32_t before = scale.length(kBeforeCaption);
     const Rect room = rectBetween(rightToLeft ? all.x : all.x + before, all.y,

@@ -34,7 +34,7 @@ struct Mark {
 };
 
 constexpr float kBold = 0.1F;   // signs that are read
-constexpr float kFine = 0.07F;  // those of a frame
+constexpr float kFine = 0.06F;  // those of a frame
 
 constexpr Mark line(Glyph glyph, float pen, size_t count, const std::array<Place, kMostPlaces>& places) {
     return {glyph, Draw::kLine, pen, count, places};

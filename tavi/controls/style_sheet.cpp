@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "tavi/theme/control_types.h"
+#include "tavi/theme/normalize_key.h"
 #include "tavi/theme/skin_styles.h"
 
 namespace tavi {
@@ -27,10 +29,12 @@ const NamedStyle* StyleSheet::find(std::wstring_view name) const {
 
 void StyleSheet::apply(Control& root) const {
     const NamedStyle* const style = find(root.appearance().styleName);
-    if (style != nullptr && root.matchesType(style->controlType)) {
+    if (style != nullptr && root.matchesType(canonicalControlType(normalizeKey(style->controlType)))) {
         Appearance appearance = root.appearance();
         appearance.variant = style->variant;
-        appearance.font = style->font;
+        if (style->font) {
+            appearance.font = style->font;
+        }
         root.setAppearance(std::move(appearance));
     }
     for (Control* const child : root.childPointers()) {
