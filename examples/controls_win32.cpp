@@ -1,5 +1,5 @@
-// Every standard control in the look of a skin, in all of its states. Usage: example_controls [SKIN [FOLDER]]: the id of
-// a skin, and the folder of the catalogs ("skins" beside the program).
+// Every standard control in the look of a skin, in all of its states. Usage: example_controls [SKIN [FOLDER]]: the id
+// of a skin, and the folder of the catalogs ("skins" beside the program).
 #include <windows.h>
 
 #include <shellapi.h>
@@ -18,7 +18,7 @@ namespace {
 
 using tavi::Rect;
 
-constexpr tavi::Size kClient{720, 500};
+constexpr tavi::Size kClient{720, 450};
 constexpr int32_t kMargin = 20;
 
 // The hooks that a window calls, so that what comes and goes with the pointer can be seen at once.
@@ -79,16 +79,16 @@ void addButtons(tavi::Panel& root, int32_t top) {
 void addTexts(tavi::Panel& root, int32_t top) {
     constexpr const wchar_t* kVariants[] = {L"title", L"default", L"muted", L"danger", L"mono"};
     for (const wchar_t* const variant : kVariants) {
-        auto* const label = styled(
-            root.add<tavi::Label>(L"", Rect{kMargin, top, 200, 24}, L"Nothing is written elsewhere"), variant);
+        auto* const label =
+            styled(root.add<tavi::Label>(L"", Rect{kMargin, top, 200, 24}, L"Nothing is written elsewhere"), variant);
         label->setFontChange(variant == kVariants[0] ? 4 : 0, 0);
         top += 26;
     }
-    auto* const lines = root.add<tavi::Label>(
-        L"", Rect{kMargin + 220, top - 130, 200, 60},
-        L"Lines are broken at words, and the last one that has room ends with an ellipsis when there is more to be said.");
+    auto* const lines = root.add<tavi::Label>(L"", Rect{kMargin + 220, top - 130, 200, 46},
+                                              L"Lines are broken at words, and the last one that has room ends with an "
+                                              L"ellipsis when there is more to be said.");
     lines->setFit(tavi::TextFit::kWrap);
-    root.add<tavi::CheckBox>(L"", Rect{kMargin + 220, top - 66, 200, 40},
+    root.add<tavi::CheckBox>(L"", Rect{kMargin + 220, top - 76, 200, 46},
                              L"A caption that needs two lines has them where there is room", true);
 }
 
@@ -106,11 +106,11 @@ void addBars(tavi::Panel& root, int32_t top) {
         bar->setRange(1000, 250, 10);
         bar->setValue(200);
     }
-    constexpr tavi::Glyph kGlyphs[] = {tavi::Glyph::kResetSize, tavi::Glyph::kMinimize,    tavi::Glyph::kMaximize,
-                                       tavi::Glyph::kRestore,   tavi::Glyph::kClose,       tavi::Glyph::kArrowDown,
-                                       tavi::Glyph::kArrowUp,   tavi::Glyph::kArrowLeft,   tavi::Glyph::kArrowRight,
-                                       tavi::Glyph::kTick,      tavi::Glyph::kDash,        tavi::Glyph::kInformation,
-                                       tavi::Glyph::kWarning,   tavi::Glyph::kError,       tavi::Glyph::kQuestion};
+    constexpr tavi::Glyph kGlyphs[] = {tavi::Glyph::kResetSize, tavi::Glyph::kMinimize,  tavi::Glyph::kMaximize,
+                                       tavi::Glyph::kRestore,   tavi::Glyph::kClose,     tavi::Glyph::kArrowDown,
+                                       tavi::Glyph::kArrowUp,   tavi::Glyph::kArrowLeft, tavi::Glyph::kArrowRight,
+                                       tavi::Glyph::kTick,      tavi::Glyph::kDash,      tavi::Glyph::kInformation,
+                                       tavi::Glyph::kWarning,   tavi::Glyph::kError,     tavi::Glyph::kQuestion};
     int32_t x = kMargin;
     for (const tavi::Glyph glyph : kGlyphs) {
         auto* const button = root.add<tavi::ThemedButton>(L"", Rect{x, top + 156, 38, 28}, L"");

@@ -42,7 +42,8 @@ public:
     // Null for a name that it does not have.
     const NamedStyle* find(std::wstring_view name) const;
     // Gives every control below `root`, and `root` itself, whose style name is in the sheet and whose type matches, the
-    // style's variant and, where it names one, its font. The others keep what the skin has for their name, or their default look.
+    // style's variant and, where it names one, its font. The others keep what the skin has for their name, or their
+    // default look.
     void apply(Control& root) const;
 
 private:

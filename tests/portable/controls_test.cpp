@@ -39,21 +39,51 @@ protected:
         for (const char act : acts) {
             KeyEvent space{.code = key::kSpace};
             switch (act) {
-                case 'i': move({60, 30}); break;
-                case 'o': move({300, 200}); break;
-                case 'd': press({60, 30}); break;
-                case 'u': release(tree->hovered() == &control ? Point{60, 30} : Point{300, 200}); break;
-                case 'r': press({60, 30}, PointerButton::Right); break;
-                case 'R': release({60, 30}, PointerButton::Right); break;
-                case 'a': space.wasDown = true; [[fallthrough]];
-                case 's': tree->keyPress(space); break;
-                case 'S': tree->keyRelease(space); break;
-                case 'c': tree->pointerLost(); break;
-                case 'n': key(key::kReturn); break;
-                case 'e': key(key::kEscape); break;
-                case 't': key(key::kTab); break;
-                case 'x': control.setEnabled(false); tree->update(); break;
-                default: FAIL() << act;
+                case 'i':
+                    move({60, 30});
+                    break;
+                case 'o':
+                    move({300, 200});
+                    break;
+                case 'd':
+                    press({60, 30});
+                    break;
+                case 'u':
+                    release(tree->hovered() == &control ? Point{60, 30} : Point{300, 200});
+                    break;
+                case 'r':
+                    press({60, 30}, PointerButton::Right);
+                    break;
+                case 'R':
+                    release({60, 30}, PointerButton::Right);
+                    break;
+                case 'a':
+                    space.wasDown = true;
+                    [[fallthrough]];
+                case 's':
+                    tree->keyPress(space);
+                    break;
+                case 'S':
+                    tree->keyRelease(space);
+                    break;
+                case 'c':
+                    tree->pointerLost();
+                    break;
+                case 'n':
+                    key(key::kReturn);
+                    break;
+                case 'e':
+                    key(key::kEscape);
+                    break;
+                case 't':
+                    key(key::kTab);
+                    break;
+                case 'x':
+                    control.setEnabled(false);
+                    tree->update();
+                    break;
+                default:
+                    FAIL() << act;
             }
         }
     }
@@ -64,9 +94,9 @@ constexpr Rect kPlace{20, 20, 100, 32};
 // Clicks count inside, Space when it is let go, Return at once, each once; all else does nothing.
 TEST_F(Controls, ArePressed) {
     constexpr std::pair<std::string_view, int> kCases[] = {
-        {"idu", 1},   {"iduidu", 2}, {"idou", 0}, {"idoiu", 1}, {"irR", 0}, {"idrRu", 1}, {"idcu", 0},
-        {"idxu", 0},  {"xidu", 0},   {"sS", 1},   {"saaaS", 1}, {"S", 0},   {"aaS", 0},   {"seS", 0},
-        {"stS", 0},   {"sxS", 0},    {"n", 1},    {"xn", 0},
+        {"idu", 1},  {"iduidu", 2}, {"idou", 0}, {"idoiu", 1}, {"irR", 0},   {"idrRu", 1},
+        {"idcu", 0}, {"idxu", 0},   {"xidu", 0}, {"sS", 1},    {"saaaS", 1}, {"S", 0},
+        {"aaS", 0},  {"seS", 0},    {"stS", 0},  {"sxS", 0},   {"n", 1},     {"xn", 0},
     };
     for (const auto& [acts, count] : kCases) {
         for (const bool isBox : {false, true}) {
@@ -165,7 +195,8 @@ TEST_F(Controls, PaintInsideOfTheirBounds) {
 TEST_F(Controls, CheckBoxesTellTheirState) {
     auto* const box = place<CheckBox>(L"a", Rect{20, 20, 200, 32}, L"Start", true);
     std::vector<double> values;
-    box->changed.connect([&](ValueChangedEvent& event) { values.insert(values.end(), {event.oldValue, event.newValue}); });
+    box->changed.connect(
+        [&](ValueChangedEvent& event) { values.insert(values.end(), {event.oldValue, event.newValue}); });
     std::vector<ControlState> states;
     tree->root().captureStateTree(states);
     EXPECT_EQ(box->automationName(), L"Start, checked");
@@ -291,7 +322,8 @@ TEST(Glyphs, AreSharp) {
                 const std::span row(picture.row(y), static_cast<size_t>(extent));
                 mirrored = mirrored && std::ranges::equal(row, std::views::reverse(row));
             }
-            EXPECT_TRUE(mirrored || (glyph != Glyph::kClose && glyph != Glyph::kArrowDown)) << int{i} << " at " << extent;
+            EXPECT_TRUE(mirrored || (glyph != Glyph::kClose && glyph != Glyph::kArrowDown))
+                << int{i} << " at " << extent;
         }
     }
     EXPECT_TRUE(glyphPicture(Glyph::kTick, 0, 0).empty());

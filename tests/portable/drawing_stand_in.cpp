@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "tavi/core/geometry.h"
 #include "tavi/theme/composition.h"
 #include "tavi/theme/surface_drawing.h"
 #include "tests/portable/window_stand_in.h"
@@ -43,7 +42,10 @@ bool drawSeamlessMaterialTextureOverlay(HDC, const Rect&, const SurfaceStyle&, P
 }
 
 void drawAlphaShape(HDC target, const Rect& area, ButtonShape shape, Color color, uint8_t) {
-    drawSurface(target, area, {.shape = shape, .fill = color});
+    SurfaceStyle style;
+    style.shape = shape;
+    style.fill = color;
+    drawSurface(target, area, style);
 }
 
 void compose(HDC target, Point at, const PixelBuffer& picture, const Rect&) {

@@ -27,14 +27,14 @@ TEST(ThumbPlace, IsTheShareThatIsSeen) {
         {100, 1000, 500, 500, {50, 50}},
         {100, 1000, 500, 9999, {50, 50}},
         {100, 1000, 500, -3, {0, 50}},
-        {100, 1000, 1, 999, {80, 20}},     // as small as a thumb may be
-        {100, 1000, 1000, 0, {0, 100}},    // all is seen
+        {100, 1000, 1, 999, {80, 20}},   // as small as a thumb may be
+        {100, 1000, 1000, 0, {0, 100}},  // all is seen
         {100, 0, 0, 0, {0, 100}},
-        {10, 1000, 100, 900, {0, 10}},     // no room for a thumb
+        {10, 1000, 100, 900, {0, 10}},  // no room for a thumb
         {-5, 1000, 100, 0, {0, 0}},
         {100, kHuge, 1, kHuge, {80, 20}},
         {100, kHuge, kHuge / 2 + 1, kHuge / 4, {25, 50}},
-        {std::numeric_limits<int32_t>::max(), kHuge, kHuge - 1, 1, {1, std::numeric_limits<int32_t>::max() - 1}},
+        {std::numeric_limits<int32_t>::max(), kHuge, kHuge - 1, 1, {0, std::numeric_limits<int32_t>::max()}},
     };
     for (const auto& each : kCases) {
         const ThumbPlace found = thumbPlace(each.track, 20, each.range, each.page, each.value);
@@ -58,7 +58,8 @@ TEST(ThumbPlace, LeadsBackToItsValue) {
         if (track - place.length >= range - page) {
             ASSERT_EQ(back, value) << track << " " << range << " " << page;
         } else {
-            ASSERT_EQ(thumbPlace(track, 8, range, page, back).start, place.start) << track << " " << range << " " << page;
+            ASSERT_EQ(thumbPlace(track, 8, range, page, back).start, place.start)
+                << track << " " << range << " " << page;
         }
     }
 }
@@ -75,7 +76,8 @@ protected:
         skin.shapes.scrollbar = {.buttonExtent = 10, .minThumbExtent = 24, .showButtons = buttons};
         activateSkin(skin);
         const int32_t length = buttons ? 120 : 100;
-        bar = tree->root().add<ScrollBar>(L"bar", vertical ? Rect{20, 0, 12, length} : Rect{0, 20, length, 12}, vertical);
+        bar =
+            tree->root().add<ScrollBar>(L"bar", vertical ? Rect{20, 0, 12, length} : Rect{0, 20, length, 12}, vertical);
         bar->setRange(960, 240, 10);
         bar->changed.connect([this](ValueChangedEvent&) { values.push_back(bar->value()); });
     }
@@ -149,8 +151,8 @@ TEST_F(ScrollBars, TurnWithTheWheel) {
         int64_t value;
         bool handled;
     } kCases[] = {
-        {-1, false, 30, true},  {-0.25, false, 30, true}, {-0.25, false, 40, true}, {1, true, 40, false},
-        {100, false, 0, true},  {-1e300, false, 720, true},
+        {-1, false, 30, true}, {-0.25, false, 30, true}, {-0.25, false, 40, true},
+        {1, true, 40, false},  {100, false, 0, true},    {-1e300, false, 720, true},
     };
     for (const auto& each : kCases) {
         EXPECT_EQ(tree->pointerWheel({.position = {26, 50}, .steps = each.steps, .horizontal = each.horizontal}),

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdlib>
 
+#include "tavi/controls/glyphs.h"
 #include "tavi/core/drawing.h"
 #include "tavi/core/scale.h"
 #include "tavi/theme/skin_styles.h"
@@ -19,33 +20,6 @@ using tavi::StyleLook;
 using tavi::SurfaceStyle;
 
 constexpr int kTextInset = 10;
-
-// Strokes of the glyphs in parts of their square.
-struct Stroke {
-    Glyph glyph;
-    std::array<Place, 3> places;
-};
-constexpr Stroke kStrokes[] = {
-    {Glyph::kTick, {{{0.24F, 0.52F}, {0.43F, 0.71F}, {0.77F, 0.31F}}}},
-    {Glyph::kClose, {{{0.3F, 0.3F}, {0.5F, 0.5F}, {0.7F, 0.7F}}}},
-    {Glyph::kClose, {{{0.7F, 0.3F}, {0.5F, 0.5F}, {0.3F, 0.7F}}}},
-    {Glyph::kMinimise, {{{0.28F, 0.6F}, {0.5F, 0.6F}, {0.72F, 0.6F}}}},
-};
-
-void drawGlyph(HDC target, const Rect& area, Glyph glyph, tavi::Color color) {
-    const auto extent = static_cast<float>(std::min(area.width, area.height));
-    const float left = static_cast<float>(area.x) + (static_cast<float>(area.width) - extent) / 2;
-    const float top = static_cast<float>(area.y) + (static_cast<float>(area.height) - extent) / 2;
-    for (const Stroke& stroke : kStrokes) {
-        if (stroke.glyph == glyph) {
-            std::array<Place, 3> places = stroke.places;
-            for (Place& place : places) {
-                place = {left + place.x * extent, top + place.y * extent};
-            }
-            drawStroke(target, places, extent / 10, color);
-        }
-    }
-}
 
 int lightness(tavi::Color color) {
     return 2 * tavi::redOf(color) + 5 * tavi::greenOf(color) + tavi::blueOf(color);
@@ -126,7 +100,7 @@ void SampleDialog::paint(HDC target) const {
         if (*piece.part != L'\0') {
             tavi::drawSurface(target, look.area, look.surface);
         }
-        drawGlyph(target, look.area, piece.glyph, look.glyph);
+        tavi::drawGlyph(target, look.area, piece.glyph, look.glyph);
         if (*piece.text != L'\0') {
             const int inset = piece.align == Align::kCentre ? 2 : kTextInset;
             drawText(target, look.area, fonts_->of(piece.face), look.text, piece.text, piece.align,

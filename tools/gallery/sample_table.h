@@ -1,13 +1,14 @@
 // What stands where in the sample dialog.
 #pragma once
 
+#include "tavi/controls/glyphs.h"
 #include "tavi/core/geometry.h"
 #include "tavi/theme/skin_styles.h"
 #include "tools/gallery/text.h"
 
 namespace gallery {
 
-enum class Glyph : uint8_t { kNone, kTick, kClose, kMinimise };
+using tavi::Glyph;
 
 struct Piece {
     tavi::Rect area = {};  // design pixels
@@ -27,7 +28,7 @@ inline constexpr Piece kPieces[] = {
     {.area = {0, 0, 690, 344}, .type = L"popup", .isWindow = true},
 
     {.area = {0, 0, 690, 34}, .type = L"chrometitlebar", .text = L"Sample dialog", .align = Align::kLeft},
-    {.area = {612, 5, 34, 24}, .type = L"chrometitlebar", .part = L"button", .glyph = Glyph::kMinimise},
+    {.area = {612, 5, 34, 24}, .type = L"chrometitlebar", .part = L"button", .glyph = Glyph::kMinimize},
     {.area = {650, 5, 34, 24},
      .type = L"chrometitlebar",
      .part = L"button",

@@ -1,7 +1,6 @@
-// Words and strokes on a device context.
+// Words on a device context.
 #pragma once
 
-#include <span>
 #include <string_view>
 
 #include "tavi/core/geometry.h"
@@ -23,12 +22,5 @@ HFONT__* makeFont(const tavi::Theme& theme, Face face, int percent);
 // away from the left and the right.
 void drawText(HDC target, const tavi::Rect& area, HFONT__* font, tavi::Color color, std::wstring_view text, Align align,
               int inset);
-
-struct Place {
-    float x = 0;
-    float y = 0;
-};
-// A line through the places (pixels) with round ends and smooth edges.
-void drawStroke(HDC target, std::span<const Place> places, float width, tavi::Color color);
 
 }  // namespace gallery
