@@ -2,6 +2,9 @@
 // the window.
 #pragma once
 
+#include <array>
+#include <functional>
+#include <string>
 #include <vector>
 
 #include "tavi/controls/label.h"
@@ -36,6 +39,7 @@ public:
     void paint(HDC target, Point origin) override;
     void releaseCaches() override;
     void notifyTree() override;
+    void windowChanged() override;
 
 protected:
     void textChanged() override;
@@ -43,15 +47,21 @@ protected:
 
 private:
     class DragArea;
+    bool isOffered(CaptionButton button) const;
     void run(const std::wstring& name);
+    // What a double click on the bar does; nothing where the window cannot be maximised.
+    void toggleMaximized();
+    std::vector<ThemedButton*> placedButtons() const;
+    Rect titlePlace() const;
 
     ControlLooks looks_{L"chrometitlebar"};
     TextFont titleFont_;
     Control* drag_ = nullptr;
-    ThemedButton* buttons_[kCaptionButtonCount] = {};
+    std::array<ThemedButton*, kCaptionButtonCount> buttons_ = {};
+    std::array<bool, kCaptionButtonCount> wanted_ = {true, true, true, true};
     std::vector<ThemedButton*> headerActions_;
     std::vector<std::function<void()>> actions_;
-    mutable TextLayout layout_;
+    TextLayout layout_;
 };
 
 }  // namespace tavi

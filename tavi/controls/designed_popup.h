@@ -20,7 +20,7 @@ public:
 
     // A button was pressed; the command is its id.
     Signal<CommandEvent> chosen;
-    // It was closed without a button: Escape, where it is the window's cancel control, or dismiss().
+    // It was closed without a button: Escape, where it is the window's cancel control, or dismiss(). Once for ever.
     Signal<PopupEvent> dismissed;
 
     void setHeading(std::wstring heading);
@@ -35,12 +35,14 @@ public:
     // window's default control. Returns the button, which it owns; its style name can be changed.
     ThemedButton* addButton(std::wstring id, std::wstring caption, bool primary = false);
     const std::vector<ThemedButton*>& buttons() const { return buttons_; }
-    // Design pixels kept free at the top for a title bar, and between message and buttons for controls of others.
+    // Design pixels kept free at the top for a title bar, and right above the buttons for controls of others, which may
+    // be children of the popup.
     void setReserved(int32_t top, int32_t middle);
 
     // What it needs at a width, design pixels. Needs a window.
     int32_t preferredHeight(int32_t width) const;
-    // Where its parts lie at a size, for whoever puts controls between them. Needs a window.
+    // Where its parts lie at a size, for whoever puts controls between them. The message is cut where there is less
+    // room than all of it needs. Needs a window.
     struct Places {
         Rect badge;
         Rect heading;
@@ -59,19 +61,26 @@ public:
     void paint(HDC target, Point origin) override;
     void releaseCaches() override;
     void notifyTree() override;
+    void windowChanged() override;
 
 protected:
     void layoutChildren() override;
 
 private:
+    bool fillsWindow() const;
+    void paintBadge(HDC target, Point origin);
+
     ControlLooks looks_{L"popup"};
-    Label* heading_ = nullptr;
-    Label* message_ = nullptr;
+    Label* heading_;
+    Label* message_;
     std::wstring badge_;
     Glyph badgeGlyph_ = Glyph::kNone;
+    Rect badgePlace_;
+    TextLayout badgeLayout_;
     std::vector<ThemedButton*> buttons_;
     int32_t reservedTop_ = 0;
     int32_t reservedMiddle_ = 0;
+    bool isDismissed_ = false;
 };
 
 }  // namespace tavi

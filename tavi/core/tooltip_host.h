@@ -1,14 +1,32 @@
 // The small window that shows a tooltip. It never takes the focus and lets the pointer through.
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "tavi/core/tooltip.h"
 
-struct HFONT__;
-
 namespace tavi {
+
+struct TooltipContent {
+    std::wstring text = {};
+    int32_t dpi = kDesignDpi;
+    bool rightToLeft = false;
+};
+
+// How tooltips look. All lengths are device pixels.
+class TooltipPainter {
+public:
+    // The size of a tooltip with this content.
+    virtual Size measure(HDC target, const TooltipContent& content) = 0;
+    // Fills all of the window.
+    virtual void paint(HDC target, const Rect& client, const TooltipContent& content) = 0;
+
+protected:
+    ~TooltipPainter() = default;
+};
+
+// For all tooltips that are shown from now on; null for those in Windows' own colors. Not owned.
+void setTooltipPainter(TooltipPainter* painter);
 
 class TooltipHostWindow {
 public:
@@ -19,10 +37,9 @@ public:
 
     struct Request {
         HWND owner = nullptr;
-        std::wstring text;
+        TooltipContent content;
         Rect anchor;    // device pixels of the screen
         Rect workArea;  // likewise
-        int32_t dpi = kDesignDpi;
     };
     // Measures the text, places the window beside the anchor and shows it. Returns where it lies; nothing when Windows
     // refuses.
@@ -33,14 +50,8 @@ public:
 
 private:
     friend struct TooltipProcedure;
-    void paint(HDC target, const Rect& client) const;
-    Size measure(HDC target) const;
-
     HWND handle_ = nullptr;
-    HFONT__* font_ = nullptr;
-    int32_t fontDpi_ = 0;
-    Scale scale_;
-    std::wstring text_;
+    TooltipContent content_;
 };
 
 }  // namespace tavi

@@ -6,11 +6,63 @@ namespace tavi {
 namespace {
 
 constexpr wchar_t kTooltipClass[] = L"TaviTooltip";
-constexpr int32_t kWidestText = 360;  // design pixels; longer texts wrap
-constexpr Size kPadding{8, 5};        // design pixels on each side
-constexpr UINT kTextFormat = DT_WORDBREAK | DT_NOPREFIX | DT_EXPANDTABS;
+
+// Windows' own colors and font. The font is made for each call: a tooltip is measured and painted once for each time it
+// is shown.
+class SystemTooltipPainter final : public TooltipPainter {
+public:
+    Size measure(HDC target, const TooltipContent& content) override {
+        const Scale scale(content.dpi);
+        RECT text{0, 0, scale.length(kWidestText), 0};
+        draw(target, text, content, DT_CALCRECT);
+        return {text.right + 2 * scale.length(kPadding.width), text.bottom + 2 * scale.length(kPadding.height)};
+    }
+    void paint(HDC target, const Rect& client, const TooltipContent& content) override {
+        const Scale scale(content.dpi);
+        RECT area{0, 0, client.width, client.height};
+        FillRect(target, &area, GetSysColorBrush(COLOR_INFOBK));
+        FrameRect(target, &area, GetSysColorBrush(COLOR_INFOTEXT));
+        InflateRect(&area, -scale.length(kPadding.width), -scale.length(kPadding.height));
+        SetBkMode(target, TRANSPARENT);
+        SetTextColor(target, GetSysColor(COLOR_INFOTEXT));
+        draw(target, area, content, 0);
+    }
+
+private:
+    static constexpr int32_t kWidestText = 360;  // design pixels; longer texts wrap
+    static constexpr Size kPadding{8, 5};        // design pixels on each side
+    static constexpr int32_t kFontHeight = 12;   // design pixels
+
+    static void draw(HDC target, RECT& area, const TooltipContent& content, UINT more) {
+        NONCLIENTMETRICSW metrics{};
+        metrics.cbSize = sizeof(metrics);
+        SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0);
+        metrics.lfStatusFont.lfHeight = -Scale(content.dpi).length(kFontHeight);
+        const HFONT font = CreateFontIndirectW(&metrics.lfStatusFont);
+        const HGDIOBJ before = SelectObject(target, font);
+        const UINT direction = content.rightToLeft ? DT_RTLREADING | DT_RIGHT : 0;
+        DrawTextW(target, content.text.c_str(), static_cast<int>(content.text.size()), &area,
+                  DT_WORDBREAK | DT_NOPREFIX | DT_EXPANDTABS | direction | more);
+        SelectObject(target, before);
+        DeleteObject(font);
+    }
+};
+
+TooltipPainter*& chosenPainter() {
+    static TooltipPainter* chosen = nullptr;
+    return chosen;
+}
+
+TooltipPainter& painter() {
+    static SystemTooltipPainter system;
+    return chosenPainter() != nullptr ? *chosenPainter() : system;
+}
 
 }  // namespace
+
+void setTooltipPainter(TooltipPainter* painter) {
+    chosenPainter() = painter;
+}
 
 struct TooltipProcedure {
     static LRESULT CALLBACK run(HWND handle, UINT number, WPARAM wParam, LPARAM lParam) {
@@ -22,7 +74,7 @@ struct TooltipProcedure {
             PAINTSTRUCT paint{};
             RECT client{};
             GetClientRect(handle, &client);
-            host->paint(BeginPaint(handle, &paint), {0, 0, client.right, client.bottom});
+            painter().paint(BeginPaint(handle, &paint), {0, 0, client.right, client.bottom}, host->content_);
             EndPaint(handle, &paint);
             return 0;
         }
@@ -55,23 +107,12 @@ std::optional<TooltipPlace> TooltipHostWindow::show(const Request& request) {
         }
         SetWindowLongPtrW(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     }
-    scale_ = Scale(request.dpi);
-    text_ = request.text;
-    if (font_ == nullptr || fontDpi_ != request.dpi) {
-        NONCLIENTMETRICSW metrics{};
-        metrics.cbSize = sizeof(metrics);
-        SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0);
-        metrics.lfStatusFont.lfHeight = -scale_.length(12);
-        if (font_ != nullptr) {
-            DeleteObject(font_);
-        }
-        font_ = CreateFontIndirectW(&metrics.lfStatusFont);
-        fontDpi_ = request.dpi;
-    }
+    content_ = request.content;
     const HDC screen = GetDC(handle_);
-    const Size size = measure(screen);
+    const Size size = painter().measure(screen, content_);
     ReleaseDC(handle_, screen);
-    const TooltipPlace place = placeTooltip(request.anchor, size, request.workArea, scale_.length(kTooltipDistance));
+    const TooltipPlace place =
+        placeTooltip(request.anchor, size, request.workArea, Scale(content_.dpi).length(kTooltipDistance));
     const Rect& at = place.bounds;
     SetWindowPos(handle_, HWND_TOPMOST, at.x, at.y, at.width, at.height, SWP_NOACTIVATE | SWP_SHOWWINDOW);
     InvalidateRect(handle_, nullptr, FALSE);
@@ -89,30 +130,6 @@ void TooltipHostWindow::close() {
         DestroyWindow(handle_);
         handle_ = nullptr;
     }
-    if (font_ != nullptr) {
-        DeleteObject(font_);
-        font_ = nullptr;
-    }
-}
-
-Size TooltipHostWindow::measure(HDC target) const {
-    RECT text{0, 0, scale_.length(kWidestText), 0};
-    const HGDIOBJ font = SelectObject(target, font_);
-    DrawTextW(target, text_.c_str(), static_cast<int>(text_.size()), &text, kTextFormat | DT_CALCRECT);
-    SelectObject(target, font);
-    return {text.right + 2 * scale_.length(kPadding.width), text.bottom + 2 * scale_.length(kPadding.height)};
-}
-
-void TooltipHostWindow::paint(HDC target, const Rect& client) const {
-    RECT area{0, 0, client.width, client.height};
-    FillRect(target, &area, GetSysColorBrush(COLOR_INFOBK));
-    FrameRect(target, &area, GetSysColorBrush(COLOR_INFOTEXT));
-    InflateRect(&area, -scale_.length(kPadding.width), -scale_.length(kPadding.height));
-    const HGDIOBJ font = SelectObject(target, font_);
-    SetBkMode(target, TRANSPARENT);
-    SetTextColor(target, GetSysColor(COLOR_INFOTEXT));
-    DrawTextW(target, text_.c_str(), static_cast<int>(text_.size()), &area, kTextFormat);
-    SelectObject(target, font);
 }
 
 }  // namespace tavi

@@ -179,6 +179,8 @@ bool WindowNative::create(const WindowOptions& options) {
         move(intended);
     }
     updateClient();
+    // Controls that were there before it look at what it can do.
+    tree_->root().notifyTree();
     if (window_ != nullptr) {
         window_->created();
     }

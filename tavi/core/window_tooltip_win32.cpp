@@ -13,7 +13,10 @@ void WindowNative::showTooltip(const std::wstring& text, const Rect& anchor) {
     const RECT onWhich = toWindows(onScreen);
     const Rect area = workAreaOf(MonitorFromRect(&onWhich, MONITOR_DEFAULTTONEAREST));
     const std::optional<TooltipPlace> place =
-        tooltip_.show({.owner = handle_, .text = text, .anchor = onScreen, .workArea = area, .dpi = dpi_});
+        tooltip_.show({.owner = handle_,
+                       .content = {.text = text, .dpi = dpi_, .rightToLeft = tree_->rightToLeft()},
+                       .anchor = onScreen,
+                       .workArea = area});
     if (place && place->clamped() && tree_->diagnostics()) {
         tree_->writeDiagnostic(reportTooltipClamp(onScreen, place->bounds.size(), *place, area));
     }
