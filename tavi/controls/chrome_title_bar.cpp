@@ -183,6 +183,9 @@ std::vector<ThemedButton*> ChromeTitleBar::placedButtons() const {
 }
 
 void ChromeTitleBar::layoutChildren() {
+    if (buttons_.back() == nullptr) {
+        return;  // it is still being put together
+    }
     drag_->setBounds(localBounds());
     for (size_t i = 0; i < buttons_.size(); ++i) {
         buttons_[i]->setVisible(isOffered(static_cast<CaptionButton>(i)));

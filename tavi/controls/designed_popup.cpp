@@ -19,7 +19,7 @@ constexpr int32_t kBadgeExtent = 40;
 constexpr int32_t kBadgeSignInset = 8;
 constexpr int32_t kTextLeft = 76;    // beside the badge
 constexpr int32_t kWidePopup = 600;  // from here on the text ends as far from its side as it begins
-constexpr int32_t kHeadingGap = 6;
+constexpr int32_t kHeadingGap = 10;
 constexpr int32_t kMiddleGap = 6;  // above and below what is reserved
 constexpr int32_t kEmptyMiddle = 22;
 constexpr int32_t kButtonHeight = 34;
@@ -28,6 +28,7 @@ constexpr int32_t kButtonGap = 10;
 
 constexpr int kHeadingPoints = 5;
 constexpr int kHeadingWeight = 600;
+constexpr int kMessageWeight = 400;  // whatever the skin's captions have: this is for reading
 constexpr int kLetterWeight = 700;
 
 // The text begins beside the badge.
@@ -47,9 +48,17 @@ Color standingOut(const SurfaceStyle& surface, const Theme& theme) {
     return contrast(theme.text) > contrast(theme.shell) ? theme.text : theme.shell;
 }
 
-// The variant whose color a sign has wherever the skin does not give its popups' icons one.
-std::wstring_view variantOf(Glyph glyph) {
-    return glyph == Glyph::kError ? L"danger" : glyph == Glyph::kWarning ? L"warning" : L"default";
+// The badge is the skin's, but for signs with a meaning: they have the colors of the buttons with the same meaning.
+StyleLook badgeLook(Glyph sign) {
+    const SkinDefinition& skin = activeSkin();
+    StyleLook look = resolveStyle(skin, L"popup", L"default", SurfaceState::kNormal, L"icon");
+    look.text = standingOut(look.surface, skin.theme);
+    if (sign == Glyph::kError || sign == Glyph::kWarning) {
+        const ButtonShape shape = look.surface.shape;
+        look = resolveStyle(skin, L"button", sign == Glyph::kError ? L"danger" : L"warning", SurfaceState::kNormal);
+        look.surface.shape = shape;
+    }
+    return look;
 }
 
 void mirrorIn(int32_t width, Rect& rect) {
@@ -58,14 +67,14 @@ void mirrorIn(int32_t width, Rect& rect) {
 
 }  // namespace
 
-DesignedPopup::DesignedPopup(std::wstring id, const Rect& bounds)
-    : Panel(std::move(id), bounds),
-      heading_(add<Label>(this->id() + L".heading", Rect{}, L"")),
-      message_(add<Label>(this->id() + L".message", Rect{}, L"")) {
+DesignedPopup::DesignedPopup(std::wstring id, const Rect& bounds) : Panel(std::move(id), bounds) {
+    heading_ = add<Label>(this->id() + L".heading", Rect{}, L"");
+    message_ = add<Label>(this->id() + L".message", Rect{}, L"");
     heading_->setFit(TextFit::kWrap);
     heading_->setFontChange(kHeadingPoints, kHeadingWeight);
     heading_->setAppearance({.styleName = L"title"});
     message_->setFit(TextFit::kWrap);
+    message_->setFontChange(0, kMessageWeight);
     message_->setAlign(TextAlign::kStart, TextVertical::kTop);
 }
 
@@ -256,14 +265,12 @@ void DesignedPopup::paintBadge(HDC target, Point origin) {
         return;
     }
     const int32_t dpi = ControlLooks::dpi(*this);
-    SurfaceStyle style =
-        resolveStyle(activeSkin(), L"popup", variantOf(badgeGlyph_), SurfaceState::kNormal, L"icon").surface;
-    drawSurface(target, deviceRect(badgePlace_, origin), scaledStyle(style, dpi * 100 / kDesignDpi));
-    const Color color = standingOut(style, activeTheme());
+    const StyleLook look = badgeLook(badgeGlyph_);
+    drawSurface(target, deviceRect(badgePlace_, origin), scaledStyle(look.surface, dpi * 100 / kDesignDpi));
     if (badgeGlyph_ != Glyph::kNone) {
         const int32_t extent = kBadgeExtent - 2 * kBadgeSignInset;
         const Rect inner{badgePlace_.x + kBadgeSignInset, badgePlace_.y + kBadgeSignInset, extent, extent};
-        drawGlyph(target, deviceRect(inner, origin), badgeGlyph_, color);
+        drawGlyph(target, deviceRect(inner, origin), badgeGlyph_, look.text);
         return;
     }
     TextFormat format{.font = looks_.font(*this), .dpi = dpi};
@@ -272,7 +279,7 @@ void DesignedPopup::paintBadge(HDC target, Point origin) {
     if (badgeLayout_.format() != format) {
         badgeLayout_ = TextLayout(badge_, format);
     }
-    badgeLayout_.draw(target, deviceRect(badgePlace_, origin), color, TextAlign::kCenter);
+    badgeLayout_.draw(target, deviceRect(badgePlace_, origin), look.text, TextAlign::kCenter);
 }
 
 }  // namespace tavi

@@ -71,8 +71,8 @@ private:
     void paintBadge(HDC target, Point origin);
 
     ControlLooks looks_{L"popup"};
-    Label* heading_;
-    Label* message_;
+    Label* heading_ = nullptr;
+    Label* message_ = nullptr;
     std::wstring badge_;
     Glyph badgeGlyph_ = Glyph::kNone;
     Rect badgePlace_;

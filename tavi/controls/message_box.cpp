@@ -92,8 +92,8 @@ void fill(DialogWindow& dialog, const MessageBoxOptions& options, const std::vec
             dialog.setCancelControl(popup->buttons()[i]);
         }
     }
-    auto* const bar = root.add<ChromeTitleBar>(L"message-box.chrome", Rect{0, 0, kFirstSize.width, kBarHeight}, options.title,
-                                               activeTheme());
+    auto* const bar = root.add<ChromeTitleBar>(L"message-box.chrome", Rect{0, 0, kFirstSize.width, kBarHeight},
+                                               options.title, activeTheme());
     bar->setAnchors(kAnchorLeft | kAnchorTop | kAnchorRight);
     for (const CaptionButton button : {CaptionButton::kMinimize, CaptionButton::kMaximize, CaptionButton::kResetSize}) {
         bar->setButtonShown(button, false);

@@ -26,7 +26,10 @@ TEST(ButtonRow, SharesOutTheRoom) {
         {"from the right", {50, 60}, 400, true, {{110, 100, 0}, {0, 100, 0}}},
         {"about equal ones are equal", {110, 130}, 400, false, {{130, 130, 0}, {270, 130, 0}}},
         {"but not all as wide as a giant", {60, 240}, 400, false, {{50, 100, 0}, {160, 240, 0}}},
-        {"nor where they would not fit any more", {140, 120, 120}, 400, false,
+        {"nor where they would not fit any more",
+         {140, 120, 120},
+         400,
+         false,
          {{0, 140, 0}, {150, 120, 0}, {280, 120, 0}}},
         {"full lines first", {150, 150, 150}, 400, false, {{90, 150, 0}, {250, 150, 0}, {250, 150, 1}}},
         {"lines from the right", {150, 150, 150}, 400, true, {{160, 150, 0}, {0, 150, 0}, {0, 150, 1}}},
@@ -211,8 +214,8 @@ TEST_F(TitleBar, RunsItsCommandsUnlessSomebodyElseDoes) {
     bar->addHeaderAction(Glyph::kQuestion, L"help", [&] { ++actions; });
     const wchar_t* const ids[] = {L"chrome-minimize", L"chrome-maximize", L"chrome-reset-size",
                                   L"chrome-close",    L"chrome-drag",     L"chrome-header-action-0"};
-    const Log wanted = {L"bar.minimize", L"bar.maximize", L"bar.reset-size", L"bar.close", L"bar.drag",
-                        L"bar.header-action-0"};
+    const Log wanted = {L"bar.minimize", L"bar.maximize", L"bar.reset-size",
+                        L"bar.close",    L"bar.drag",     L"bar.header-action-0"};
     for (consumes = true;; consumes = false) {
         for (const wchar_t* const id : ids) {
             click(*bar->findById(id));

@@ -11,11 +11,11 @@ using namespace testing_windows;
 struct TaviMessageBox : testing::Test {
     Window owner{kInstance};
     HWND box = nullptr;
-    MessageBoxOptions options{.title = L"A title",
-                              .message = L"A message",
-                              .kind = MessageBoxKind::kQuestion,
-                              .buttons = {{.id = L"yes", .caption = L"Yes", .result = DialogResult::Yes},
-                                          cancelButton()}};
+    MessageBoxOptions options{
+        .title = L"A title",
+        .message = L"A message",
+        .kind = MessageBoxKind::kQuestion,
+        .buttons = {{.id = L"yes", .caption = L"Yes", .result = DialogResult::Yes}, cancelButton()}};
 
     void SetUp() override {
         ASSERT_TRUE(owner.create({.title = L"owner", .clientSize = {600, 400}}));
@@ -84,12 +84,12 @@ TEST_F(TaviMessageBox, EndsWithTheResultOfTheButtonThatIsClicked) {
 TEST_F(TaviMessageBox, StaysOpenForAButtonWithAnActionOfItsOwn) {
     int actions = 0;
     options.buttons.insert(options.buttons.begin(), {.id = L"act", .caption = L"Act", .action = [&](HWND window) {
-                                                        EXPECT_EQ(window, box);
-                                                        EXPECT_FALSE(IsWindowEnabled(owner.handle()));
-                                                        if (++actions == 2) {
-                                                            key(window, VK_ESCAPE);
-                                                        }
-                                                    }});
+                                                         EXPECT_EQ(window, box);
+                                                         EXPECT_FALSE(IsWindowEnabled(owner.handle()));
+                                                         if (++actions == 2) {
+                                                             key(window, VK_ESCAPE);
+                                                         }
+                                                     }});
     EXPECT_EQ(run([](HWND made) {
                   key(made, VK_RETURN);
                   key(made, VK_RETURN);
@@ -123,16 +123,18 @@ TEST_F(TaviMessageBox, LiesOverItsOwnerAsLargeAsItsTextNeeds) {
 }
 
 TEST_F(TaviMessageBox, IsCopiedAsText) {
-    run([](HWND made) {
-        BYTE keys[256]{};
-        GetKeyboardState(keys);
-        keys[VK_CONTROL] = 0x80;
+    BYTE keys[256]{};
+    GetKeyboardState(keys);
+    const auto holdControl = [&](BYTE state) {
+        keys[VK_CONTROL] = state;
         SetKeyboardState(keys);
-        SendMessageW(made, WM_KEYDOWN, 'C', 0);
-        keys[VK_CONTROL] = 0;
-        SetKeyboardState(keys);
-        key(made, VK_ESCAPE);
+    };
+    run([&](HWND made) {
+        holdControl(0x80);
+        PostMessageW(made, WM_KEYDOWN, 'C', 0);
+        PostMessageW(made, WM_CLOSE, 0, 0);
     });
+    holdControl(0);
     EXPECT_EQ(owner.tree().clipboardText(),
               L"---------------------------\r\nA title\r\n---------------------------\r\nA message\r\n"
               L"---------------------------\r\nYes   Cancel   \r\n---------------------------\r\n");
