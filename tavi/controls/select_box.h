@@ -1,6 +1,8 @@
 // A field that shows one of some items, and a list of them that drops down.
 #pragma once
 
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,6 +25,7 @@ public:
     // Keeps the selection where there still is such an item.
     void setItems(std::vector<std::wstring> items);
     int32_t selected() const { return selected_; }  // -1 for none
+    // Out of range: none.
     void select(int32_t index);
     bool isOpen() const;
     void open();
@@ -44,12 +47,23 @@ public:
     void windowChanged() override;
 
 protected:
+    void boundsChanged() override;
     void appearanceChanged() override;
     void appendCustomState(ControlState& state) const override;
     void restoreCustomProperty(const StateProperty& property) override;
 
 private:
-    class DropDown;
+    struct DropDown;
+
+    // Moves the hot row of the open list, else the selection.
+    void moveTo(int32_t index);
+    int32_t current() const;
+    std::optional<int32_t> target(uint32_t code) const;
+    void choose(int32_t index);
+    void toggle();
+    void type(const std::wstring& characters);
+    Rect fieldArea() const;
+    Rect arrowArea() const;
 
     ControlLooks looks_{L"selectbox"};
     std::vector<std::wstring> items_;
@@ -59,6 +73,8 @@ private:
     std::unique_ptr<DropDown> dropDown_;
     std::wstring typed_;  // the beginning of an item, as it is being typed
     mutable TextLayout layout_;
+    mutable bool measured_ = false;
+    mutable int32_t measuredWidth_ = 0;
 };
 
 }  // namespace tavi

@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "tavi/core/dpi_awareness.h"
@@ -34,6 +35,8 @@ struct WindowOptions {
     // The controls draw the frame, too: the client area is the whole window.
     bool customChrome = false;
     HWND owner = nullptr;
+    // The whole window on the screen, device pixels; else its client size counts, in the middle of its owner.
+    std::optional<Rect> place = {};
 };
 
 class Window {

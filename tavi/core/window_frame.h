@@ -1,8 +1,11 @@
 // What a title bar and pop-ups need of the real window around the tree.
 #pragma once
 
+#include <memory>
+
 #include "tavi/core/geometry.h"
 #include "tavi/core/native_handles.h"
+#include "tavi/core/popup_window.h"
 
 namespace tavi {
 
@@ -24,6 +27,9 @@ public:
     virtual void beginMove() = 0;
     // From design pixels of the client area to device pixels of the screen.
     virtual Rect onScreen(const Rect& area) const = 0;
+    // Opens a pop-up window over this one; one that is open is dismissed. Null when there is no window to stand beside,
+    // or Windows refuses.
+    virtual std::unique_ptr<PopupWindow> openPopup(PopupRequest /*request*/) { return nullptr; }
 
 protected:
     ~WindowFrame() = default;

@@ -119,6 +119,11 @@ intptr_t WindowNative::dispatch(const Message& message) {
         window_ != nullptr && window_->handleMessage(message.number, message.wParam, message.lParam, result)) {
         return result;
     }
+    if (popup_ != nullptr) {
+        if (const Answer taken = tellPopup(message)) {
+            return *taken;
+        }
+    }
     const auto row = std::ranges::lower_bound(routes(), message.number, {}, &Route::message);
     if (row != routes().end() && row->message == message.number) {
         if (const Answer answer = (this->*row->handler)(message)) {
@@ -153,6 +158,9 @@ bool WindowNative::create(const WindowOptions& options) {
                         options.clientSize.height > 0 ? options.clientSize.height : usual.height};
     // In the middle of its owner, else of the monitor's work area, as large as its minimum at least.
     const auto place = [&](const Rect& area) {
+        if (options.place) {
+            return *options.place;
+        }
         const Size size = larger(windowSize(requestedClient_, dpi_), windowSize(effectiveMinimumClientSize(), dpi_));
         return centered(size, windowRectOf(options.owner).value_or(area), area);
     };

@@ -1,7 +1,7 @@
 // The Win32 half of a window, behind Window. Its methods are spread over files by job: window_life_win32 (creation and
 // dispatch), window_modal_win32, window_post_win32, window_input_win32, window_ime_win32, window_sizing_win32,
 // window_frame_win32, window_clipboard_win32, window_dpi_win32, window_paint_win32, window_overlay_win32,
-// window_tooltip_win32.
+// window_tooltip_win32, popup_window_win32.
 //
 // Held by a shared pointer: the window procedure keeps it for as long as it runs, so what a callback destroys is the
 // Window, and this only when the last message is done.
@@ -40,6 +40,8 @@ std::optional<Rect> windowRectOf(HWND window);
 // The work area of the monitor that the window is on; of the primary one for null.
 Rect workAreaOf(HWND window);
 Rect workAreaOf(HMONITOR__* monitor);
+
+class NativePopup;
 
 class WindowNative final : public WindowPlatform,
                            public WindowFrame,
@@ -104,9 +106,11 @@ public:
     void requestClose() override;
     void beginMove() override;
     Rect onScreen(const Rect& area) const override;
+    std::unique_ptr<PopupWindow> openPopup(PopupRequest request) override;
 
 private:
     friend struct WindowProcedure;
+    friend class NativePopup;
     // A handler answers the message, or leaves it to Windows with nothing.
     using Answer = std::optional<intptr_t>;
     using Handler = Answer (WindowNative::*)(const Message&);
@@ -158,6 +162,8 @@ private:
     Answer onEraseBackground(const Message& message);
     Answer onFramePaint(const Message& message);
     Answer onFrameActivate(const Message& message);
+    // Tells the pop-up window that is open, which may take the message or be gone afterwards.
+    Answer tellPopup(const Message& message);
 
     void disableOwner();
     void enableOwner();
@@ -182,6 +188,7 @@ private:
     bool customChrome_ = false;
     bool escapeCloses_ = false;
     HWND disabledOwner_ = nullptr;
+    NativePopup* popup_ = nullptr;  // one at a time; not owned
     bool modal_ = false;
     std::optional<DialogResult> modalResult_;
 
