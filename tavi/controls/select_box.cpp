@@ -199,8 +199,7 @@ bool SelectBox::keyPress(KeyEvent& event) {
             }
             return !event.wasDown && activate();
         case key::kReturn:
-            // Of a closed box it is the window's.
-            return isOpen() && activate();
+            return !event.wasDown && activate();
         case key::kEscape:
             if (!isOpen()) {
                 return false;
@@ -314,6 +313,10 @@ void SelectBox::appearanceChanged() {
 void SelectBox::releaseCaches() {
     looks_.forget();
     measured_ = false;
+}
+
+bool SelectBox::matchesType(std::wstring_view type) const {
+    return type == L"selectbox";
 }
 
 void SelectBox::automationValue(std::wstring& value) const {

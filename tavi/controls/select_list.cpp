@@ -21,8 +21,11 @@ SelectList::SelectList(std::vector<std::wstring> items, int32_t selected, Chosen
       items_(std::move(items)),
       selected_(selected),
       hot_(selected),
-      chosen_(std::move(chosen)),
-      bar_(add<ScrollBar>(L"bar", Rect{})) {
+      chosen_(std::move(chosen)) {
+    // Adding it lays out this list, which places the bar.
+    auto bar = std::make_unique<ScrollBar>(L"bar", Rect{});
+    bar_ = bar.get();
+    addChild(std::move(bar));
     bar_->changed.connect([this](ValueChangedEvent&) { scrollTo(bar_->value()); });
 }
 
@@ -43,6 +46,9 @@ int32_t SelectList::rowsInSight() const {
 }
 
 void SelectList::layoutChildren() {
+    if (bounds().empty()) {
+        return;
+    }
     const bool scrolls = count() > rowsInSight();
     const bool atLeft = window() != nullptr && window()->rightToLeft();
     const int32_t x = atLeft ? kPadding / 2 : bounds().width - kBarWidth - kPadding / 2;
