@@ -2,6 +2,7 @@
 // is only ever appended to, in a mode that other writers share; it is never truncated, and writing never fails visibly.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -32,5 +33,12 @@ std::wstring utcTimeStamp();
 void writeLogBeside(const std::wstring& configPath, std::wstring_view text);
 // The same beside the user's configuration file: the setup log.
 void writeSetupLog(std::wstring_view text);
+
+// From now on every line of the setup log is also given to `observer`, on the thread that writes it and after it was
+// written; an empty one ends that. Any thread may set it. A line that is being written may reach an observer that has
+// just been taken away.
+using LogObserver = std::function<void(std::wstring_view)>;
+void setLogObserver(LogObserver observer);
+void tellLogObserver(std::wstring_view text);
 
 }  // namespace velquin

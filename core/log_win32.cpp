@@ -59,6 +59,7 @@ void writeLogBeside(const std::wstring& configPath, std::wstring_view text) {
 
 void writeSetupLog(std::wstring_view text) {
     writeLogBeside(configurationFile(), text);
+    tellLogObserver(text);
 }
 
 }  // namespace velquin

@@ -88,6 +88,7 @@ constexpr Renamed kLegacyTags[] = {
     {keyOf("sr-latn-cs"), keyOf("sr-latn-rs")},
     {keyOf("sr-cyrl-cs"), keyOf("sr-cyrl-rs")},
 };
+constexpr Key kRightToLeft[] = {keyOf("ar"), keyOf("he"), keyOf("fa"), keyOf("ur"), keyOf("ug")};
 constexpr Renamed kPrimarySubtags[] = {{keyOf("nb"), keyOf("no")}, {keyOf("nn"), keyOf("no")}};
 
 constexpr Key renamed(const Key& key, std::span<const Renamed> table) {
@@ -177,6 +178,10 @@ std::wstring canonicalLanguageSetting(std::wstring_view value) {
 int effectiveLanguageIndex(const ProductConfig& config, std::wstring_view localeName) {
     const int index = languageOfSetting(config.language);
     return index < 0 ? languageOfLocale(localeName) : index;
+}
+
+bool isRightToLeftLanguage(std::wstring_view tag) {
+    return std::ranges::contains(kRightToLeft, primaryOf(keyOf(base::trimmed(tag))));
 }
 
 std::wstring languageTag(int index) {

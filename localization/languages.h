@@ -47,6 +47,9 @@ int languageOfSetting(std::wstring_view value);  // -1 where canonicalLanguageSe
 int languageOfLocale(std::wstring_view localeName);
 int effectiveLanguageIndex(const ProductConfig& config, std::wstring_view localeName);
 
+// Whether a language is written from right to left, whatever its region. Texts begin and windows are laid out there.
+bool isRightToLeftLanguage(std::wstring_view tag);
+
 // The tag of an index of supportedLanguages(), which -1 is not.
 std::wstring languageTag(int index);
 

@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <span>
 
@@ -69,6 +70,27 @@ bool extractPayload(int32_t resourceId, const std::wstring& targetPath) {
     }
     writeSetupLog(L"embedded payload extracted: " + targetPath);
     return true;
+}
+
+bool refreshPayload(int32_t resourceId, const std::wstring& baseFolder, const std::wstring& targetPath) {
+    const std::span<const std::byte> bytes = payloadBytes(resourceId);
+    if (bytes.empty()) {
+        return false;
+    }
+    if (const std::wstring link = base::firstLinkBelow(baseFolder, targetPath); !link.empty()) {
+        writeSetupLog(L"embedded payload refused, a link lies in its path: " + link);
+        return false;
+    }
+    if (base::fileSize(targetPath) == bytes.size()) {
+        const auto present = base::readWholeFile(targetPath);
+        if (present && std::ranges::equal(*present, bytes)) {
+            return true;
+        }
+    }
+    const base::HeldFile file = base::HeldFile::write(baseFolder, targetPath, bytes);
+    writeSetupLog(file ? L"embedded payload extracted: " + targetPath
+                       : failureText(file, GetLastError()) + targetPath);
+    return static_cast<bool>(file);
 }
 
 bool extractMsiPayload(base::HeldFile& package) {

@@ -36,7 +36,7 @@ public:
     ~Control() override;
 
     // The tree. An id is unique among siblings and may be empty. Children are in the order of their adding, which is
-    // the order of painting and of the focus. A parent owns its children; parent and window are never owned. Any
+    // the order of painting and, where setFocusOrder says nothing else, of the focus. A parent owns its children; parent and window are never owned. Any
     // control may have children; Panel is the one that paints them and routes the pointer to them.
     const std::wstring& id() const { return id_; }
     Control* parent() const { return parent_; }
@@ -110,6 +110,10 @@ public:
     // What the pointer looks like over it, and over what is inside it and has none of its own.
     std::optional<CursorShape> cursor() const { return details().cursor; }
     void setCursor(std::optional<CursorShape> shape) { ownDetails().cursor = shape; }
+    // Where the focus comes to it among its siblings, with all that is inside it: the smaller the earlier, and in the
+    // order of their adding where it is the same. For a control that lies below others and is read after them.
+    int32_t focusOrder() const { return details().focusOrder; }
+    void setFocusOrder(int32_t order) { ownDetails().focusOrder = order; }
     const ContourLists& contourLists() const { return details().contours; }
     // Inside of `paint` they count for that paint only.
     void setContours(ContourKind kind, std::vector<Rect> rects);
@@ -184,6 +188,7 @@ private:
         std::wstring automationExtra;
         Visitor treeNotification;
         std::optional<CursorShape> cursor;
+        int32_t focusOrder = 0;
     };
     const Details& details() const;
     Details& ownDetails();

@@ -10,6 +10,19 @@ bool passable(const Control& control) {
     return control.visible() && control.enabled() && !control.collapsed();
 }
 
+// The children in the order in which the focus comes to them.
+std::vector<Control*> inFocusOrder(const Control& control) {
+    std::vector<Control*> children;
+    children.reserve(control.children().size());
+    for (const auto& child : control.children()) {
+        if (child) {
+            children.push_back(child.get());
+        }
+    }
+    std::ranges::stable_sort(children, {}, &Control::focusOrder);
+    return children;
+}
+
 // The controls that take the focus, in its order, and in `at` the place in it that `from` has or would have.
 void collect(Control& control, bool reachable, const Control* from, std::vector<Control*>& order, size_t& at) {
     if (&control == from) {
@@ -19,10 +32,8 @@ void collect(Control& control, bool reachable, const Control* from, std::vector<
     if (reachable && control.acceptsFocus()) {
         order.push_back(&control);
     }
-    for (const auto& child : control.children()) {
-        if (child) {
-            collect(*child, reachable, from, order, at);
-        }
+    for (Control* const child : inFocusOrder(control)) {
+        collect(*child, reachable, from, order, at);
     }
 }
 

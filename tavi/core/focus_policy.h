@@ -1,6 +1,7 @@
 // The keyboard in a window: which control has the focus, where Tab takes it, and what Return, Space and Escape do.
 //
-// The order of the focus is that of the tree: a control, then what is inside it, then its next sibling. What is
+// The order of the focus is that of the tree: a control, then what is inside it, then its next sibling, where siblings
+// with an order of their own (Control::setFocusOrder) go by that. What is
 // disabled, invisible or collapsed, itself or by a parent, is passed over.
 #pragma once
 

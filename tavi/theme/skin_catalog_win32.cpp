@@ -12,6 +12,26 @@
 #include "tavi/theme/skin_reader.h"
 
 namespace tavi {
+namespace {
+
+std::vector<std::wstring> catalogPaths(const std::wstring& folder) {
+    std::vector<std::wstring> paths;
+    if (folder.empty()) {
+        return paths;
+    }
+    for (const base::FolderEntry& entry : base::listFolder(folder)) {
+        if (!entry.isFolder) {
+            paths.push_back(entry.name);
+        }
+    }
+    paths = catalogFiles(std::move(paths));
+    for (std::wstring& path : paths) {
+        path = base::joinPath(folder, path);
+    }
+    return paths;
+}
+
+}  // namespace
 
 std::vector<SkinDefinition> loadSkinFile(const std::wstring& path) {
     const base::UniqueFile file =
@@ -27,19 +47,20 @@ std::vector<SkinDefinition> loadSkinFile(const std::wstring& path) {
     return parseCatalog({reinterpret_cast<const char*>(bytes->data()), bytes->size()}, base::fileName(path));
 }
 
-std::vector<SkinDefinition> loadSkinFolder(const std::wstring& folder) {
-    if (folder.empty()) {
-        return {};
-    }
-    std::vector<std::wstring> names;
-    for (const base::FolderEntry& entry : base::listFolder(folder)) {
-        if (!entry.isFolder) {
-            names.push_back(entry.name);
+std::optional<SkinDefinition> findSkin(const std::wstring& folder, std::wstring_view id) {
+    for (const std::wstring& path : catalogPaths(folder)) {
+        std::vector<SkinDefinition> skins = loadSkinFile(path);
+        if (const auto found = std::ranges::find(skins, id, &SkinDefinition::id); found != skins.end()) {
+            return std::move(*found);
         }
     }
+    return std::nullopt;
+}
+
+std::vector<SkinDefinition> loadSkinFolder(const std::wstring& folder) {
     std::vector<SkinDefinition> skins;
-    for (const std::wstring& name : catalogFiles(std::move(names))) {
-        std::ranges::move(loadSkinFile(base::joinPath(folder, name)), std::back_inserter(skins));
+    for (const std::wstring& path : catalogPaths(folder)) {
+        std::ranges::move(loadSkinFile(path), std::back_inserter(skins));
     }
     return skins;
 }

@@ -201,6 +201,17 @@ TEST(Catalog, AnIdGivesTheTextOfTheLanguageInForce) {
     }
 }
 
+TEST(Language, SomeAreWrittenFromRightToLeft) {
+    std::wstring found;
+    for (int language = 0; language < languageCount(); ++language) {
+        found += velquin::isRightToLeftLanguage(languageTag(language)) ? languageTag(language) + L" " : L"";
+    }
+    EXPECT_EQ(found, L"ar-SA he-IL fa-IR ug-CN ur-PK ");
+    EXPECT_TRUE(velquin::isRightToLeftLanguage(L" AR_eg"));
+    EXPECT_FALSE(velquin::isRightToLeftLanguage(L"arn-CL"));
+    EXPECT_FALSE(velquin::isRightToLeftLanguage(L""));
+}
+
 TEST(Catalog, AnEmptyCellIsFilledFromWhatIsBuiltIn) {
     const int czech = findSupportedLanguage(L"cs");
     const int german = findSupportedLanguage(L"de");

@@ -40,6 +40,23 @@ TEST_F(TaviWindow, FocusFollowsTheTreeAndSkipsWhatCannotHaveIt) {
     EXPECT_EQ(walk(0), L"44444");
 }
 
+TEST_F(TaviWindow, FocusFollowsAnOrderAmongSiblings) {
+    Probe* const ground = add(L"ground", {0, 0, 300, 200});
+    add(L"3", {0, 0, 10, 10}, ground, true);
+    add(L"4", {0, 20, 10, 10}, ground, true);
+    add(L"1", {20, 0, 10, 10}, nullptr, true);
+    add(L"2", {20, 20, 10, 10}, nullptr, true);
+    Probe* const first = add(L"0", {40, 0, 10, 10}, nullptr, true);
+    ground->setFocusOrder(1);
+    first->setFocusOrder(-1);
+    std::wstring way;
+    for (int i = 0; i < 6; ++i) {
+        key(key::kTab);
+        way += focused();
+    }
+    EXPECT_EQ(way, L"012340");
+}
+
 TEST_F(TaviWindow, FocusIsToldWithTheWindowAndGoesWithAPress) {
     Probe* const one = add(L"one", {0, 0, 50, 50}, nullptr, true);
     Probe* const two = add(L"two", {100, 0, 50, 50}, nullptr, true);

@@ -56,6 +56,9 @@ TEST_F(SkinFiles, TheRegistryHasTheFrameworksOwnSkinsWithoutAny) {
     writeFile(path(L"skins\\a.json"), "[" + skin("a") + ", " + skin("b") + "]");
     const SkinRegistry loaded(loadSkinFolder(path(L"skins")));
     EXPECT_EQ(loaded.find(L"b").source, L"a.json");
+    EXPECT_EQ(findSkin(path(L"skins"), L"b"), loaded.find(L"b"));
+    EXPECT_FALSE(findSkin(path(L"skins"), L"nobody"));
+    EXPECT_FALSE(findSkin(path(L"missing"), L"a"));
     EXPECT_EQ(loaded.find(L"nobody").id, L"a");
 }
 

@@ -1,0 +1,13 @@
+// What a picked folder becomes.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace velquin::setup {
+
+// The folder for the product itself: the picked one when it bears the product's name in either case, else one of that
+// name inside of it. Not yet normalised. Empty for an empty folder.
+std::wstring productFolderIn(std::wstring_view picked);
+
+}  // namespace velquin::setup
