@@ -1,11 +1,11 @@
-// The mode without options. Its dialog is not part of the program yet.
+// The mode without options: the dialog asks what to do, the flows do it, and a message box tells how it went.
 #pragma once
 
 struct HINSTANCE__;
 
 namespace velquin::setup {
 
-// Says in a system message box that there is no dialog and which options work. Returns the process's exit code.
+// Returns the process's exit code.
 int runInteractiveSetup(HINSTANCE__* instance);
 
 }  // namespace velquin::setup

@@ -1,33 +1,71 @@
 #include <windows.h>
 
-#include <string>
-
 #include "core/configuration.h"
 #include "core/log.h"
+#include "core/product_paths.h"
 #include "localization/catalog.h"
+#include "setup/dialog/interactive_flow.h"
+#include "setup/dialog/progress_window.h"
+#include "setup/dialog/setup_messages.h"
+#include "setup/dialog/setup_window.h"
 #include "setup/exit_codes.h"
+#include "setup/file_steps.h"
+#include "setup/flows.h"
 #include "setup/interactive.h"
+#include "setup/startup.h"
 
 namespace velquin::setup {
 namespace {
 
-constexpr wchar_t kMessage[] =
-    L"The setup dialog is not part of this build yet. Please start the setup with one of these options:\n\n"
-    L"--install\n"
-    L"    installs or upgrades the product; takes --install-dir <folder>, --desktop, --no-startup and --no-start\n"
-    L"--repair\n"
-    L"    restores shortcuts, start with Windows and registration\n"
-    L"--uninstall\n"
-    L"    removes the product; with --remove-config its settings, too\n\n"
-    L"The setup log tells what was done:\n%LOCALAPPDATA%\\LumoraPrivateMemory\\Velquin\\velquin.log";
+// The machine and the screen behind the dispatch.
+class RealSteps final : public InteractiveSteps {
+public:
+    explicit RealSteps(HINSTANCE instance) : instance_(instance), config_(loadProductConfig()) {}
+
+    bool isProductInstalled() override { return setup::isProductInstalled(); }
+    SetupChoice showSetupChoice(bool installed) override {
+        SetupChoice choice = setup::showSetupChoice(instance_, installed);
+        writeSetupLog(L"setup dialog closed: action=" + std::to_wstring(static_cast<int>(choice.action)));
+        return choice;
+    }
+    std::wstring resolveInstallDir(const std::wstring& requested) override { return normalizePathText(requested); }
+    bool desktopShortcutExists() override { return setup::desktopShortcutExists(); }
+    bool readStartupRegistration() override { return setup::readStartupRegistration(); }
+    bool installProduct(SetupAction action, bool desktopShortcut, bool startWithWindows,
+                        const std::wstring& installDir) override {
+        return runWithProgress(instance_, config_, action, [&] {
+            return setup::installProduct(desktopShortcut, startWithWindows, installDir);
+        });
+    }
+    bool repairProduct(bool desktopShortcut, bool startWithWindows) override {
+        return runWithProgress(instance_, config_, SetupAction::Repair,
+                               [&] { return setup::repairProduct(desktopShortcut, startWithWindows); });
+    }
+    int uninstallProduct(bool removeConfig) override {
+        int code = kExitWorkerFailed;  // that of a flow that breaks off
+        runWithProgress(instance_, config_, SetupAction::Uninstall, [&] {
+            code = setup::uninstallProduct(removeConfig);
+            return code == kExitOk;
+        });
+        return code;
+    }
+    void launchInstalledApp() override { setup::launchInstalledApp(); }
+    void showMessage(int titleId, int messageId, bool isError) override {
+        showSetupMessageBox(instance_, nullptr, config_, localizedText(config_, titleId),
+                            localizedText(config_, messageId), isError);
+    }
+    void showResult(int titleId, bool isError) override { showOperationResult(instance_, config_, titleId, isError); }
+
+private:
+    HINSTANCE instance_;
+    ProductConfig config_;
+};
 
 }  // namespace
 
-int runInteractiveSetup(HINSTANCE) {
-    writeSetupLog(L"interactive setup: the dialog is not part of this build");
-    const std::wstring title = localizedText(loadProductConfig(), text::kSetupTitle);
-    MessageBoxW(nullptr, kMessage, title.c_str(), MB_OK | MB_ICONINFORMATION | MB_SETFOREGROUND);
-    return kExitInstallFailed;
+int runInteractiveSetup(HINSTANCE instance) {
+    RealSteps steps(instance);
+    return runInteractive(steps);
 }
 
 }  // namespace velquin::setup

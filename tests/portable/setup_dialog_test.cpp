@@ -193,9 +193,10 @@ TEST(SetupDialog, StylesAreTakenFromTheSkinInTheirOrder) {
                             L"vc-input textinput default", L"vc-check checkbox default",
                             L"vc-label text  Bahnschrift 9 600", L"vc-muted text  Bahnschrift 8 400"}));
     // A secondary look stands in for a danger that the skin does not have, and a danger goes before it.
-    for (const wchar_t* variant : {L"secondary", L"danger"}) {
-        skin.styleOverrides.push_back({.controlType = L"button", .variant = variant});
-        EXPECT_EQ(tavi::StyleSheet(setupStyleRules(), skin).find(L"vc-danger")->variant, variant);
+    for (const std::string variant : {"secondary", "danger"}) {
+        skin.styleOverrides.push_back({"button", variant, {}});
+        EXPECT_EQ(tavi::StyleSheet(setupStyleRules(), skin).find(L"vc-danger")->variant,
+                  std::wstring(variant.begin(), variant.end()));
     }
 }
 
