@@ -11,6 +11,19 @@ size_t nextDivision(const MeasuredText& text, size_t position) {
     return at;
 }
 
+// Blanks at a line's end belong to it even where they have no room.
+size_t behindBlanks(const MeasuredText& text, size_t position) {
+    size_t at = position;
+    while (at < text.size()) {
+        const size_t next = nextDivision(text, at);
+        if (text.withoutBlanks(at, next) != at) {
+            break;
+        }
+        at = next;
+    }
+    return at;
+}
+
 // The last places of each kind at which the line may end.
 struct Ends {
     size_t reluctant = 0;
@@ -54,7 +67,7 @@ std::vector<TextRange> breakLines(const MeasuredText& text, int32_t width) {
     std::vector<TextRange> lines;
     size_t begin = 0;
     do {
-        const size_t end = lineEnd(text, begin, width);
+        const size_t end = behindBlanks(text, lineEnd(text, begin, width));
         lines.push_back({begin, end});
         begin = end;
     } while (begin < text.size());

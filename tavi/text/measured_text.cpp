@@ -66,8 +66,12 @@ Boundary boundaryBetween(const Head& second, const Head& first, const Head& next
     const BreakClass right = next.traits.lineBreak;
     const bool isBehindGap = left == BreakClass::kBlank || first.value == kWidthlessBreak;
     if (right == BreakClass::kBlank || right == BreakClass::kGlue || left == BreakClass::kGlue || left == BreakClass::kOpening ||
-        (right == BreakClass::kClosing && first.value != kWidthlessBreak)) {
+        (right == BreakClass::kClosing && !isBehindGap)) {
         return Boundary::kReluctant;
+    }
+    // French has blanks before its signs.
+    if (right == BreakClass::kClosing && left == BreakClass::kBlank) {
+        return Boundary::kForced;
     }
     if (isBehindGap) {
         return Boundary::kBreak;

@@ -95,13 +95,15 @@ void TextLayout::Data::arrange(const std::vector<LogicalLine>& logical) {
     for (const LogicalLine& line : logical) {
         const MeasuredText& paragraph = paragraphs[line.paragraph];
         const size_t visible = paragraph.withoutBlanks(line.range.begin, line.range.end);
-        const bool isTooWide =
-            format.fit == TextFit::kEllipsis && paragraph.width(line.range.begin, visible) > format.width;
-        if (lines.size() == whole || isTooWide) {
+        const auto isTooWide = [&](size_t end) {
+            return format.fit == TextFit::kEllipsis && paragraph.width(line.range.begin, end) > format.width;
+        };
+        if (lines.size() == whole || isTooWide(visible)) {
             arrangeCut(line);
             return;
         }
-        lines.push_back(arrangeLine(paragraph, line.range, nullptr, format.rightToLeft));
+        const TextRange shown{line.range.begin, isTooWide(line.range.end) ? visible : line.range.end};
+        lines.push_back(arrangeLine(paragraph, shown, nullptr, format.rightToLeft));
     }
 }
 

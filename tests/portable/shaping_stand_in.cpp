@@ -49,8 +49,9 @@ ShapedText shapeText(std::wstring_view text, const TextFont& font, int32_t dpi, 
     ShapedText shaped{.units = std::vector<ShapedUnit>(text.size()), .ascent = 3 * unit, .descent = unit};
     const std::vector<uint8_t> levels = levelsOf(text, rightToLeft);
     for (size_t at = 0; at < text.size();) {
-        const size_t next = text.substr(at).starts_with(L"fi") ? at + 2 : nextCluster(text, at);
-        const int32_t width = next == at + 2 && text[at] == L'f' ? 4 * unit : 2 * unit;
+        const bool isLigature = text.substr(at).starts_with(L"fi");
+        const size_t next = nextCluster(text, isLigature ? at + 1 : at);
+        const int32_t width = isLigature ? 4 * unit : 2 * unit;
         shaped.units[at] = {.advance = isInvisible(static_cast<char32_t>(text[at])) ? 0 : width,
                             .divisible = true,
                             .softBreak = at > 0 && text[at] == 0x0E40};

@@ -73,8 +73,8 @@ TEST(TextLayout, BreaksLinesBetweenWords) {
     for (const Case& c : kCases) {
         EXPECT_EQ(wrapped(c.text, c.clusters), c.lines);
     }
-    EXPECT_EQ(wrapped(L"one two three four", 7, 2), L"one two|three \x2026") << "blanks before it go";
-    EXPECT_EQ(wrapped(L"one two three four", 5, 2), L"one|two \x2026");
+    EXPECT_EQ(wrapped(L"one two three four", 7, 2), L"one two|three\x2026") << "blanks before it go";
+    EXPECT_EQ(wrapped(L"one two three four", 5, 2), L"one|two\x2026");
     EXPECT_EQ(wrapped(L"one\ntwo", 9, 1), L"one\x2026");
     EXPECT_EQ(wrapped(L"one two", 7, 1), L"one two");
 }
@@ -224,7 +224,7 @@ TEST(TextLayout, LosesNothingOfRandomTexts) {
     std::mt19937 random(11);
     constexpr std::wstring_view kAlphabet = L"aaa   fi-/(,)\n\r\x301\x200B\x5D0\x5D1\x627\x660\x65E5\x3001\xFF08\xE40\xE01\xD83D\x200D";
     constexpr TextFit kFits[] = {TextFit::kWhole, TextFit::kEllipsis, TextFit::kWrap};
-    for (int i = 0; i < 3000 && !HasFatalFailure(); ++i) {
+    for (int i = 0; i < 1500 && !HasFatalFailure(); ++i) {
         const std::wstring text = testing_table::randomText(random, kAlphabet, 30);
         const auto width = static_cast<int32_t>(random() % 200) - 20;
         SCOPED_TRACE(testing::PrintToString(text) + " in " + std::to_string(width));
