@@ -18,9 +18,8 @@ struct CharacterRange {
     char32_t last;
 };
 constexpr CharacterRange kInvisible[] = {
-    {0x00AD, 0x00AD}, {0x034F, 0x034F}, {0x061C, 0x061C}, {0x17B4, 0x17B5},   {0x180B, 0x180F},
-    {0x200B, 0x200F}, {0x2028, 0x202E}, {0x2060, 0x206F}, {0xFE00, 0xFE0F},   {0xFEFF, 0xFEFF},
-    {0xFFF9, 0xFFFB}, {0xE0000, 0xE0FFF},
+    {0x00AD, 0x00AD}, {0x034F, 0x034F}, {0x061C, 0x061C}, {0x17B4, 0x17B5}, {0x180B, 0x180F}, {0x200B, 0x200F},
+    {0x2028, 0x202E}, {0x2060, 0x206F}, {0xFE00, 0xFE0F}, {0xFEFF, 0xFEFF}, {0xFFF9, 0xFFFB}, {0xE0000, 0xE0FFF},
 };
 
 }  // namespace
@@ -48,7 +47,8 @@ size_t codePointStart(std::wstring_view text, size_t position) {
 }
 
 CharacterTraits traitsOf(char32_t character) {
-    const auto at = std::ranges::upper_bound(kRanges, character, {}, [](uint32_t range) { return range >> kTraitBits; });
+    const auto at =
+        std::ranges::upper_bound(kRanges, character, {}, [](uint32_t range) { return range >> kTraitBits; });
     const uint32_t bits = *(at - 1);
     return {.cluster = static_cast<ClusterClass>(bits >> 7 & 15),
             .lineBreak = static_cast<BreakClass>(bits >> 4 & 7),

@@ -26,14 +26,14 @@ enum class ClusterClass : uint8_t {
     kControl,         // stands alone
     kCarriageReturn,  // stands alone, or with the line feed after it
     kLineFeed,
-    kPrefix,    // belongs to what stands after it
-    kFlag,      // two of them are a flag
-    kPicture,   // ZWJ joins them
-    kLeading,   // the parts of Hangul syllables
+    kPrefix,   // belongs to what stands after it
+    kFlag,     // two of them are a flag
+    kPicture,  // ZWJ joins them
+    kLeading,  // the parts of Hangul syllables
     kVowel,
     kTrailing,
-    kSyllable,   // a whole one, with or without a trailing consonant
-    kLinker,     // a mark that joins two consonants
+    kSyllable,  // a whole one, with or without a trailing consonant
+    kLinker,    // a mark that joins two consonants
     kConsonant,
 };
 

@@ -65,8 +65,8 @@ Boundary boundaryBetween(const Head& second, const Head& first, const Head& next
     const BreakClass left = first.traits.lineBreak;
     const BreakClass right = next.traits.lineBreak;
     const bool isBehindGap = left == BreakClass::kBlank || first.value == kWidthlessBreak;
-    if (right == BreakClass::kBlank || right == BreakClass::kGlue || left == BreakClass::kGlue || left == BreakClass::kOpening ||
-        (right == BreakClass::kClosing && !isBehindGap)) {
+    if (right == BreakClass::kBlank || right == BreakClass::kGlue || left == BreakClass::kGlue ||
+        left == BreakClass::kOpening || (right == BreakClass::kClosing && !isBehindGap)) {
         return Boundary::kReluctant;
     }
     // French has blanks before its signs.

@@ -1,5 +1,6 @@
-// The seam between the layout of texts and what knows fonts: characters become runs of glyphs here, each run of one font
-// and one direction. On Windows it is Uniscribe (shaping_win32.cpp); the portable tests bring a shaper without fonts.
+// The seam between the layout of texts and what knows fonts: characters become runs of glyphs here, each run of one
+// font and one direction. On Windows it is Uniscribe (shaping_win32.cpp); the portable tests bring a shaper without
+// fonts.
 //
 // All lengths are device pixels. Positions count units of wchar_t.
 #pragma once
@@ -22,7 +23,7 @@ struct GlyphRun;
 struct ShapedRun {
     size_t begin = 0;
     size_t end = 0;
-    uint8_t level = 0;  // of embedding (UAX #9): odd ones run from right to left
+    uint8_t level = 0;                            // of embedding (UAX #9): odd ones run from right to left
     std::shared_ptr<const GlyphRun> glyphs = {};  // null where nothing is to be drawn
 };
 

@@ -185,9 +185,8 @@ Shaper::Face Shaper::firstOf(std::wstring_view families, std::wstring_view text,
 }
 
 void Shaper::shapeRun(TextRange range, const SCRIPT_ANALYSIS& analysis, const Face& face) {
-    const std::shared_ptr<const GlyphRun> run =
-        makeGlyphRun(device_, part(range.begin, range.end), analysis,
-                     face->hasGlyphs(device_, part(range.begin, range.end)), face);
+    const std::shared_ptr<const GlyphRun> run = makeGlyphRun(
+        device_, part(range.begin, range.end), analysis, face->hasGlyphs(device_, part(range.begin, range.end)), face);
     useHeight(*face);
     result_.runs.push_back({range.begin, range.end, static_cast<uint8_t>(analysis.s.uBidiLevel), run});
     result_.units[range.begin].divisible = true;

@@ -51,9 +51,7 @@ struct TextLayout::Data {
 
     Data(std::wstring_view text, const TextFormat& wanted);
 
-    MeasuredText measured(std::wstring_view text) const {
-        return {text, format.font, format.dpi, format.rightToLeft};
-    }
+    MeasuredText measured(std::wstring_view text) const { return {text, format.font, format.dpi, format.rightToLeft}; }
     bool isCut() const { return !ellipsis.empty(); }
     bool wraps() const { return format.fit == TextFit::kWrap; }
     std::vector<LogicalLine> logicalLines() const;
@@ -139,8 +137,7 @@ size_t TextLayout::Data::caretIndex(size_t position) const {
 }
 
 TextLayout::TextLayout(std::wstring_view text, const TextFormat& format)
-    : data_(keptLayouts<const Data>().find(text, format, [&] { return std::make_shared<const Data>(text, format); })) {
-}
+    : data_(keptLayouts<const Data>().find(text, format, [&] { return std::make_shared<const Data>(text, format); })) {}
 
 Size TextLayout::size() const {
     return data_ ? data_->size : Size{};
@@ -204,8 +201,8 @@ size_t TextLayout::visualNeighbor(size_t position, bool toTheRight) const {
         return place.position > from.position ? place.position - from.position : from.position - place.position;
     };
     for (const CaretPlace& place : data_->carets) {
-        const bool isNearer = best == &from || step(place) < step(*best) ||
-                              (step(place) == step(*best) && leap(place) < leap(*best));
+        const bool isNearer =
+            best == &from || step(place) < step(*best) || (step(place) == step(*best) && leap(place) < leap(*best));
         if (step(place) > 0 && isNearer) {
             best = &place;
         }

@@ -17,39 +17,40 @@ std::wstring clustersOf(const std::wstring& text) {
 }
 
 TEST(Clusters, AreWhatPeopleTakeForOneCharacter) {
-    expectEach(clustersOf, {
-                               {L"", L""},
-                               {L"ab", L"a|b"},
-                               {L"e\x301\x323z", L"e\x301\x323|z"},
-                               {L"a\r\nb\n\r", L"a|\r\n|b|\n|\r"},
-                               {L"\n\x301", L"\n|\x301"},
-                               // Hangul: letters that make a syllable, a whole one with a last consonant, two syllables.
-                               {L"\x1112\x1161\x11ABz", L"\x1112\x1161\x11AB|z"},
-                               {L"\xD558\x11AB\xD55C\x11AB\xD55C\x1161", L"\xD558\x11AB|\xD55C\x11AB|\xD55C|\x1161"},
-                               // Flags, in pairs; a family; a heart with its selector; a hand with a tone of skin.
-                               {L"\U0001F1E8\U0001F1FF\U0001F1E9\U0001F1EA\U0001F1E8",
-                                L"\U0001F1E8\U0001F1FF|\U0001F1E9\U0001F1EA|\U0001F1E8"},
-                               {L"\U0001F468\x200D\U0001F469\x200D\U0001F467z",
-                                L"\U0001F468\x200D\U0001F469\x200D\U0001F467|z"},
-                               {L"a\x200D\U0001F469", L"a\x200D|\U0001F469"},
-                               {L"\x2764\xFE0F\U0001F44D\U0001F3FD", L"\x2764\xFE0F|\U0001F44D\U0001F3FD"},
-                               // Conjuncts of Devanagari and Khmer; a virama at the end of a word; none in Tamil.
-                               {L"\x915\x94D\x937\x93F\x915", L"\x915\x94D\x937\x93F|\x915"},
-                               {L"\x1781\x17D2\x1798\x17C2\x179A", L"\x1781\x17D2\x1798\x17C2|\x179A"},
-                               {L"\x915\x94D \x937", L"\x915\x94D| |\x937"},
-                               {L"\xBA4\xBCD\xBA4", L"\xBA4\xBCD|\xBA4"},
-                               // Thai: a vowel before its consonant is one of its own, one above it is not.
-                               {L"\xE40\xE1B\xE47\xE19\xE19\xE33", L"\xE40|\xE1B\xE47|\xE19|\xE19\xE33"},
-                               // Halves of surrogate pairs.
-                               {L"\xD83D z\xDE00", L"\xD83D| |z|\xDE00"},
-                               {L"a\x200B\x301", L"a|\x200B|\x301"},
-                           });
+    expectEach(clustersOf,
+               {
+                   {L"", L""},
+                   {L"ab", L"a|b"},
+                   {L"e\x301\x323z", L"e\x301\x323|z"},
+                   {L"a\r\nb\n\r", L"a|\r\n|b|\n|\r"},
+                   {L"\n\x301", L"\n|\x301"},
+                   // Hangul: letters that make a syllable, a whole one with a last consonant, two syllables.
+                   {L"\x1112\x1161\x11ABz", L"\x1112\x1161\x11AB|z"},
+                   {L"\xD558\x11AB\xD55C\x11AB\xD55C\x1161", L"\xD558\x11AB|\xD55C\x11AB|\xD55C|\x1161"},
+                   // Flags, in pairs; a family; a heart with its selector; a hand with a tone of skin.
+                   {L"\U0001F1E8\U0001F1FF\U0001F1E9\U0001F1EA\U0001F1E8",
+                    L"\U0001F1E8\U0001F1FF|\U0001F1E9\U0001F1EA|\U0001F1E8"},
+                   {L"\U0001F468\x200D\U0001F469\x200D\U0001F467z", L"\U0001F468\x200D\U0001F469\x200D\U0001F467|z"},
+                   {L"a\x200D\U0001F469", L"a\x200D|\U0001F469"},
+                   {L"\x2764\xFE0F\U0001F44D\U0001F3FD", L"\x2764\xFE0F|\U0001F44D\U0001F3FD"},
+                   // Conjuncts of Devanagari and Khmer; a virama at the end of a word; none in Tamil.
+                   {L"\x915\x94D\x937\x93F\x915", L"\x915\x94D\x937\x93F|\x915"},
+                   {L"\x1781\x17D2\x1798\x17C2\x179A", L"\x1781\x17D2\x1798\x17C2|\x179A"},
+                   {L"\x915\x94D \x937", L"\x915\x94D| |\x937"},
+                   {L"\xBA4\xBCD\xBA4", L"\xBA4\xBCD|\xBA4"},
+                   // Thai: a vowel before its consonant is one of its own, one above it is not.
+                   {L"\xE40\xE1B\xE47\xE19\xE19\xE33", L"\xE40|\xE1B\xE47|\xE19|\xE19\xE33"},
+                   // Halves of surrogate pairs.
+                   {L"\xD83D z\xDE00", L"\xD83D| |z|\xDE00"},
+                   {L"a\x200B\x301", L"a|\x200B|\x301"},
+               });
 }
 
 TEST(Clusters, AreTheSameFromEveryPositionAndInBothDirections) {
     std::mt19937 random(7);
     constexpr std::wstring_view kAlphabet =
-        L"a \r\n\x301\x200D\x200B\x915\x94D\x937\x1112\x1161\x11AB\xAC00\xD83D\xDE00\U0001F1E8\U0001F469\xE40\xE33\x600";
+        L"a "
+        L"\r\n\x301\x200D\x200B\x915\x94D\x937\x1112\x1161\x11AB\xAC00\xD83D\xDE00\U0001F1E8\U0001F469\xE40\xE33\x600";
     for (int i = 0; i < 500; ++i) {
         const std::wstring text = testing_table::randomText(random, kAlphabet, 24);
         for (size_t at = 0; at < text.size();) {

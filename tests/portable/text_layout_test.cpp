@@ -15,7 +15,10 @@ constexpr int32_t kAdvance = 8;
 constexpr int32_t kLineHeight = 16;
 
 TextFormat formatOf(TextFit fit, int32_t width, int maxLines = 0, bool rightToLeft = false) {
-    return {.font = {.family = L"", .points = 12}, .rightToLeft = rightToLeft, .fit = fit, .width = width,
+    return {.font = {.family = L"", .points = 12},
+            .rightToLeft = rightToLeft,
+            .fit = fit,
+            .width = width,
             .maxLines = maxLines};
 }
 
@@ -188,8 +191,9 @@ void expectInvariants(const std::wstring& text, const TextFormat& format) {
     const std::wstring lines = drawnLines(layout);
     const auto visible = [](const std::wstring& all) {
         std::wstring kept;
-        std::ranges::copy_if(all, std::back_inserter(kept),
-                             [](wchar_t c) { return std::wstring_view(L" |\r\n\x200B\x301").find(c) == std::wstring::npos; });
+        std::ranges::copy_if(all, std::back_inserter(kept), [](wchar_t c) {
+            return std::wstring_view(L" |\r\n\x200B\x301").find(c) == std::wstring::npos;
+        });
         std::ranges::sort(kept);
         return kept;
     };
@@ -222,7 +226,8 @@ void expectInvariants(const std::wstring& text, const TextFormat& format) {
 
 TEST(TextLayout, LosesNothingOfRandomTexts) {
     std::mt19937 random(11);
-    constexpr std::wstring_view kAlphabet = L"aaa   fi-/(,)\n\r\x301\x200B\x5D0\x5D1\x627\x660\x65E5\x3001\xFF08\xE40\xE01\xD83D\x200D";
+    constexpr std::wstring_view kAlphabet =
+        L"aaa   fi-/(,)\n\r\x301\x200B\x5D0\x5D1\x627\x660\x65E5\x3001\xFF08\xE40\xE01\xD83D\x200D";
     constexpr TextFit kFits[] = {TextFit::kWhole, TextFit::kEllipsis, TextFit::kWrap};
     for (int i = 0; i < 1500 && !HasFatalFailure(); ++i) {
         const std::wstring text = testing_table::randomText(random, kAlphabet, 30);
