@@ -50,15 +50,19 @@ bool placeGlyphs(HDC device, GlyphRun& run) {
                                        run.advances.data(), run.offsets.data(), &extent));
 }
 
-// The font has all that is to be seen, so what it lacks is a joiner or the like, for which it would show a box.
-void hideMissing(HDC device, GlyphRun& run) {
+// The font has all that is to be seen, so what it lacks is a joiner or the like, for which it would show a box. Some
+// fonts draw joiners as thin lines, too.
+void hideInvisible(HDC device, GlyphRun& run) {
     SCRIPT_FONTPROPERTIES properties{};
     properties.cBytes = sizeof(properties);
+    constexpr std::wstring_view kJoiners = L"\x200C\x200D";
+    WORD joiners[kJoiners.size()]{};
+    GetGlyphIndicesW(device, kJoiners.data(), static_cast<int>(kJoiners.size()), joiners, GGI_MARK_NONEXISTING_GLYPHS);
     if (FAILED(uniscribe().fontProperties(device, run.face->scriptCache(), &properties))) {
         return;
     }
     for (size_t i = 0; i < run.glyphs.size(); ++i) {
-        if (run.glyphs[i] == properties.wgDefault) {
+        if (run.glyphs[i] == properties.wgDefault || std::ranges::find(joiners, run.glyphs[i]) != std::end(joiners)) {
             run.glyphs[i] = properties.wgBlank;
             run.advances[i] = 0;
         }
@@ -115,7 +119,7 @@ std::shared_ptr<const GlyphRun> makeGlyphRun(const MeasuringDevice& device, std:
         return nullptr;
     }
     if (isComplete) {
-        hideMissing(target, *run);
+        hideInvisible(target, *run);
     }
     return run;
 }
