@@ -333,7 +333,7 @@ TEST_F(TextInputTest, TheCaretBlinksInItsColumnAlone) {
         tree->paint(canvas.handle());
         platform.scheduled.clear();
     };
-    caretTo(3);
+    caretTo(7);
     settle();
     EXPECT_EQ(platform.controlTimers[WindowTimer::FirstOfControls], 530);
     const auto before = canvas.pixels;
@@ -351,7 +351,7 @@ TEST_F(TextInputTest, TheCaretBlinksInItsColumnAlone) {
     const auto solid = canvas.pixels;
     key(kEnd);
     key(kLeft);
-    caretTo(4);
+    caretTo(8);
     settle();
     EXPECT_EQ(canvas.pixels == solid, true) << "solid while something goes on";
     tree->setFocus(button);
