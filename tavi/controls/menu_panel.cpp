@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "tavi/controls/list_keys.h"
+#include "tavi/theme/surface_drawing.h"
 
 namespace tavi {
 namespace {
@@ -74,7 +75,10 @@ void MenuPanel::releaseCaches() {
 }
 
 void MenuPanel::paint(HDC target, Point origin) {
-    looks_.paint(target, *this, origin, localBounds(), SurfaceState::kNormal, L"dropdown");
+    // Its shadow would fall on nothing but the corners of its own window.
+    SurfaceStyle ground = looks_.look(*this, SurfaceState::kNormal, L"dropdown").surface;
+    ground.showShadow = ground.showGlow = false;
+    drawSurface(target, deviceRect(localBounds(), origin), ground);
     for (size_t i = 0; i < entries_.size(); ++i) {
         paintRow(target, origin, i);
     }

@@ -358,10 +358,12 @@ void SelectBox::paint(HDC target, Point origin) {
     const Rect arrow = arrowArea();
     const SurfaceState state = stateOf({.enabled = enabled(), .pressed = isOpen(), .hot = hot_, .focused = focused_});
     looks_.paint(target, *this, origin, field, state, L"surface", focused_);
-    looks_.paint(target, *this, origin, arrow, state, L"arrow");
+    // The mark of the focus is around the field.
+    const SurfaceState arrowState = stateOf({.enabled = enabled(), .pressed = isOpen(), .hot = hot_});
+    looks_.paint(target, *this, origin, arrow, arrowState, L"arrow");
     const Rect sign{arrow.x + (arrow.width - kGlyphSize) / 2, arrow.y + (arrow.height - kGlyphSize) / 2, kGlyphSize,
                     kGlyphSize};
-    drawGlyph(target, deviceRect(sign, origin), Glyph::kArrowDown, looks_.look(*this, state, L"arrow").text);
+    drawGlyph(target, deviceRect(sign, origin), Glyph::kArrowDown, looks_.look(*this, arrowState, L"arrow").text);
 
     const bool mirrored = arrow.x < field.width / 2;
     const int32_t taken = arrow.width + kArrowInset;

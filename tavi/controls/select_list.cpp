@@ -4,6 +4,8 @@
 #include <cmath>
 #include <utility>
 
+#include "tavi/theme/surface_drawing.h"
+
 namespace tavi {
 namespace {
 
@@ -17,11 +19,7 @@ constexpr int32_t kRowsEachNotch = 3;  // of the wheel
 }  // namespace
 
 SelectList::SelectList(std::vector<std::wstring> items, int32_t selected, Chosen chosen)
-    : Panel(L"list"),
-      items_(std::move(items)),
-      selected_(selected),
-      hot_(selected),
-      chosen_(std::move(chosen)) {
+    : Panel(L"list"), items_(std::move(items)), selected_(selected), hot_(selected), chosen_(std::move(chosen)) {
     // Adding it lays out this list, which places the bar.
     auto bar = std::make_unique<ScrollBar>(L"bar", Rect{});
     bar_ = bar.get();
@@ -110,7 +108,10 @@ void SelectList::releaseCaches() {
 }
 
 void SelectList::paint(HDC target, Point origin) {
-    looks_.paint(target, *this, origin, localBounds(), SurfaceState::kNormal, L"dropdown");
+    // Its shadow would fall on nothing but the corners of its own window.
+    SurfaceStyle ground = looks_.look(*this, SurfaceState::kNormal, L"dropdown").surface;
+    ground.showShadow = ground.showGlow = false;
+    drawSurface(target, deviceRect(localBounds(), origin), ground);
     for (int32_t index = firstRow(); index < std::min(count(), firstRow() + rowsInSight()); ++index) {
         paintRow(target, origin, index);
     }

@@ -60,7 +60,7 @@ private:
     int32_t hot_;
     int32_t first_ = 0;
     Chosen chosen_;
-    ScrollBar* bar_ = nullptr;  // a child
+    ScrollBar* bar_ = nullptr;      // a child
     std::optional<Point> pointer_;  // where it was last
     bool pressed_ = false;
     mutable std::map<int32_t, TextLayout> layouts_;  // of the rows that were painted

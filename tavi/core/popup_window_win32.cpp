@@ -51,6 +51,8 @@ bool NativePopup::open(WindowNative& owner, PopupRequest request) {
     dismissed_ = std::move(request.dismissed);
     native().setEscapeCloses(true);
     tree().setRightToLeft(request.rightToLeft);
+    // Seen where the content has round corners.
+    tree().setBackground(owner.tree().background());
     tree().setClient({}, dpi);
     Control* const content = root().addChild(std::move(request.content));
     if (content == nullptr) {

@@ -37,6 +37,7 @@ public:
     void setDiagnostics(bool on) { diagnostics_ = on; }
     // What is behind all controls, 0xBBGGRR.
     void setBackground(uint32_t color);
+    uint32_t background() const { return background_; }
 
     // Which way its texts and rows run. Controls lay themselves out anew.
     void setRightToLeft(bool rightToLeft);

@@ -106,9 +106,13 @@ TEST_F(TaviMenu, IsChosenFromWithTheMouse) {
         const Rect area = menu.entryArea(index);
         return Point{area.x + area.width / 2, area.y + area.height / 2};
     };
-    for (const auto& [index, result] :
-         {std::pair<size_t, std::optional<size_t>>(0, std::nullopt), {1, std::nullopt}, {2, 2}, {4, std::nullopt}, {5, 5}}) {
-        EXPECT_EQ(show([&](PopupStandIn& popup, MenuPanel& menu) { popup.click(middle(menu, index)); }), result) << index;
+    for (const auto& [index, result] : {std::pair<size_t, std::optional<size_t>>(0, std::nullopt),
+                                        {1, std::nullopt},
+                                        {2, 2},
+                                        {4, std::nullopt},
+                                        {5, 5}}) {
+        EXPECT_EQ(show([&](PopupStandIn& popup, MenuPanel& menu) { popup.click(middle(menu, index)); }), result)
+            << index;
     }
     show([&](PopupStandIn& popup, MenuPanel& menu) {
         EXPECT_EQ(menu.entryArea(2).height, kMenuRowHeight);

@@ -1,6 +1,6 @@
 // Select boxes and their lists.
-#include "tavi/controls/list_keys.h"
 #include "tavi/controls/select_box.h"
+#include "tavi/controls/list_keys.h"
 #include "tavi/controls/select_list.h"
 #include "tests/portable/popup_stand_in.h"
 #include "tests/portable/window_fixture.h"
@@ -57,8 +57,8 @@ TEST_F(TaviSelectBox, SelectsWithKeysWhileItIsClosed) {
     const struct {
         uint32_t code;
         int32_t selected;
-    } kSteps[] = {{kDown, 0}, {kDown, 1}, {kUp, 0},  {kUp, 0},       {kPageDown, 8}, {kPageDown, 11},
-                  {kDown, 11}, {kPageUp, 3}, {kEnd, 11}, {kHome, 0}};
+    } kSteps[] = {{kDown, 0},      {kDown, 1},  {kUp, 0},     {kUp, 0},   {kPageDown, 8},
+                  {kPageDown, 11}, {kDown, 11}, {kPageUp, 3}, {kEnd, 11}, {kHome, 0}};
     for (const auto& [code, selected] : kSteps) {
         EXPECT_TRUE(key(code));
         EXPECT_EQ(box->selected(), selected) << code;
@@ -123,8 +123,8 @@ TEST_F(TaviSelectBox, FindsWhatIsTyped) {
         const wchar_t* letters;
         int32_t from;
         int32_t found;
-    } kCases[] = {{L"b", -1, 1},    {L"b", 1, 2},  {L"B", 9, 1},      {L"bb", 0, 2},       {L"bbb", 0, 9},
-                  {L"bl", 1, 2},    {L"bi", 1, 9}, {L"z", 3, 3},      {L"ne", 0, 10},      {L"nec", 0, 11},
+    } kCases[] = {{L"b", -1, 1},     {L"b", 1, 2},  {L"B", 9, 1},     {L"bb", 0, 2},  {L"bbb", 0, 9},
+                  {L"bl", 1, 2},     {L"bi", 1, 9}, {L"z", 3, 3},     {L"ne", 0, 10}, {L"nec", 0, 11},
                   {L"new a", 0, 10}, {L"bx", 0, 1}, {L"cherry", 0, 3}};
     for (const bool open : {false, true}) {
         for (const auto& [letters, from, found] : kCases) {
