@@ -33,9 +33,8 @@ public:
     bool readStartupRegistration() override { return setup::readStartupRegistration(); }
     bool installProduct(SetupAction action, bool desktopShortcut, bool startWithWindows,
                         const std::wstring& installDir) override {
-        return runWithProgress(instance_, config_, action, [&] {
-            return setup::installProduct(desktopShortcut, startWithWindows, installDir);
-        });
+        return runWithProgress(instance_, config_, action,
+                               [&] { return setup::installProduct(desktopShortcut, startWithWindows, installDir); });
     }
     bool repairProduct(bool desktopShortcut, bool startWithWindows) override {
         return runWithProgress(instance_, config_, SetupAction::Repair,

@@ -88,8 +88,7 @@ bool refreshPayload(int32_t resourceId, const std::wstring& baseFolder, const st
         }
     }
     const base::HeldFile file = base::HeldFile::write(baseFolder, targetPath, bytes);
-    writeSetupLog(file ? L"embedded payload extracted: " + targetPath
-                       : failureText(file, GetLastError()) + targetPath);
+    writeSetupLog(file ? L"embedded payload extracted: " + targetPath : failureText(file, GetLastError()) + targetPath);
     return static_cast<bool>(file);
 }
 

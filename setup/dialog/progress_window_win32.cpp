@@ -144,8 +144,7 @@ void ProgressWindow::arrange() {
     const int32_t stepWidth = middle.width - kElapsedWidth - kLineGap;
     bar_->setBounds({middle.x, middle.y, middle.width, kBarHeight});
     step_->setBounds({rightToLeft ? middle.right() - stepWidth : middle.x, lineTop, stepWidth, lineHeight_});
-    elapsed_->setBounds(
-        {rightToLeft ? middle.x : middle.right() - kElapsedWidth, lineTop, kElapsedWidth, lineHeight_});
+    elapsed_->setBounds({rightToLeft ? middle.x : middle.right() - kElapsedWidth, lineTop, kElapsedWidth, lineHeight_});
 }
 
 void ProgressWindow::show(const ProgressStep& step) {

@@ -43,9 +43,8 @@ void showSetupMessageBox(HINSTANCE instance, HWND owner, const ProductConfig& co
         .created = [instance](HWND box) { applySetupWindowIcon(box, instance); },
     };
     if (isError) {
-        options.buttons.push_back({.id = L"open-log",
-                                   .caption = localizedText(config, text::kOpenLog),
-                                   .action = [](HWND) { showLog(); }});
+        options.buttons.push_back(
+            {.id = L"open-log", .caption = localizedText(config, text::kOpenLog), .action = [](HWND) { showLog(); }});
     }
     tavi::showMessageBox(instance, owner, options);
 }

@@ -106,8 +106,7 @@ SetupChoice showSetupChoice(HINSTANCE instance, bool installed) {
     tavi::DialogWindow dialog(instance);
     dialog.tree().setBackground(tavi::activeTheme().shell);
     dialog.tree().setRightToLeft(isRightToLeftLanguage(effectiveLanguage(config)));
-    if (!dialog.create(
-            {.title = title, .clientSize = kDialogSize, .style = kSetupWindowStyle, .customChrome = true})) {
+    if (!dialog.create({.title = title, .clientSize = kDialogSize, .style = kSetupWindowStyle, .customChrome = true})) {
         return {};
     }
     applySetupWindowIcon(dialog.handle(), instance);
@@ -119,9 +118,8 @@ SetupChoice showSetupChoice(HINSTANCE instance, bool installed) {
     controls.popup().chosen.connect([&target](tavi::CommandEvent& event) { target.press(event.command); });
     controls.popup().dismissed.connect([&target](tavi::PopupEvent&) { target.dismiss(); });
     if (tavi::ThemedButton* const button = controls.browseButton()) {
-        button->pressed.connect([&](tavi::CommandEvent&) {
-            browse(dialog, controls.pathInput(), textOf(text::kInstallFolder));
-        });
+        button->pressed.connect(
+            [&](tavi::CommandEvent&) { browse(dialog, controls.pathInput(), textOf(text::kInstallFolder)); });
     }
     addSetupChrome(dialog, tavi::activeTheme(), kDialogSize.width, title);
     sheet.apply(dialog.root());

@@ -36,8 +36,9 @@ public:
     ~Control() override;
 
     // The tree. An id is unique among siblings and may be empty. Children are in the order of their adding, which is
-    // the order of painting and, where setFocusOrder says nothing else, of the focus. A parent owns its children; parent and window are never owned. Any
-    // control may have children; Panel is the one that paints them and routes the pointer to them.
+    // the order of painting and, where setFocusOrder says nothing else, of the focus. A parent owns its children;
+    // parent and window are never owned. Any control may have children; Panel is the one that paints them and routes
+    // the pointer to them.
     const std::wstring& id() const { return id_; }
     Control* parent() const { return parent_; }
     WindowHost* window() const { return window_; }

@@ -123,9 +123,10 @@ TEST(InteractiveFlow, LogLinesBecomeSteps) {
     for (const auto& [line, step] : cases) {
         EXPECT_EQ(progressStep(line), step) << testing::PrintToString(line);
     }
-    for (const wchar_t* line : {L"", L"install", L"install started", L"install folder refused, nothing was changed: C:\\",
-                                L"msiexec install exit=0 log=C:\\x", L"shortcut failed: C:\\D\\a.lnk hresult=5",
-                                L"repair ok", L"copy failed: a -> b : Access is denied"}) {
+    for (const wchar_t* line :
+         {L"", L"install", L"install started", L"install folder refused, nothing was changed: C:\\",
+          L"msiexec install exit=0 log=C:\\x", L"shortcut failed: C:\\D\\a.lnk hresult=5", L"repair ok",
+          L"copy failed: a -> b : Access is denied"}) {
         EXPECT_EQ(progressStep(line), std::nullopt) << testing::PrintToString(line);
     }
     EXPECT_EQ(progressLine(L"Install", L"Velquin.msi"), L"Install: Velquin.msi");

@@ -46,16 +46,15 @@ Lines buttonsOf(const DialogLayout& layout) {
 
 TEST(SetupDialog, LayoutsAreWhatPeopleAndScriptsKnow) {
     const DialogLayout& fresh = dialogLayout(false);
-    EXPECT_EQ(itemsOf(fresh),
-              (Lines{
-                  L"popup setup.popup (0, 0, 690x344) text -1 default tip -1 anchors 15",
-                  L"label install-path-label (76, 188, 220x24) text 68 title tip -1 anchors 3",
-                  L"input install-path-input (76, 214, 420x32) text -1 vc-input tip 69 anchors 7",
-                  L"button install-path-browse (510, 214, 104x32) text 71 vc-button tip 72 anchors 6",
-                  L"check start-with-windows (76, 254, 250x28) text 58 vc-check tip 120 anchors 3",
-                  L"check desktop-shortcut (350, 254, 250x28) text 67 vc-check tip 121 anchors 3",
-                  L"bar setup.chrome (0, 0, 690x42) text 1 vc-chrome tip -1 anchors 7",
-              }));
+    EXPECT_EQ(itemsOf(fresh), (Lines{
+                                  L"popup setup.popup (0, 0, 690x344) text -1 default tip -1 anchors 15",
+                                  L"label install-path-label (76, 188, 220x24) text 68 title tip -1 anchors 3",
+                                  L"input install-path-input (76, 214, 420x32) text -1 vc-input tip 69 anchors 7",
+                                  L"button install-path-browse (510, 214, 104x32) text 71 vc-button tip 72 anchors 6",
+                                  L"check start-with-windows (76, 254, 250x28) text 58 vc-check tip 120 anchors 3",
+                                  L"check desktop-shortcut (350, 254, 250x28) text 67 vc-check tip 121 anchors 3",
+                                  L"bar setup.chrome (0, 0, 690x42) text 1 vc-chrome tip -1 anchors 7",
+                              }));
     EXPECT_EQ(buttonsOf(fresh), (Lines{L"install 63 -> 1 primary vc-primary", L"close 62 -> 0 vc-secondary"}));
     EXPECT_EQ(fresh.headingId, 74);
     EXPECT_STREQ(fresh.badge, L"V");
@@ -68,9 +67,8 @@ TEST(SetupDialog, LayoutsAreWhatPeopleAndScriptsKnow) {
                                       L"input install-path-input (76, 214, 530x32) text -1 vc-input tip 70 anchors 7",
                                       L"bar setup.chrome (0, 0, 690x42) text 1 vc-chrome tip -1 anchors 7",
                                   }));
-    EXPECT_EQ(buttonsOf(installed),
-              (Lines{L"repair 64 -> 3 primary vc-primary", L"reinstall 65 -> 2 vc-secondary",
-                     L"uninstall 66 -> 4 vc-danger", L"close 62 -> 0 vc-secondary"}));
+    EXPECT_EQ(buttonsOf(installed), (Lines{L"repair 64 -> 3 primary vc-primary", L"reinstall 65 -> 2 vc-secondary",
+                                           L"uninstall 66 -> 4 vc-danger", L"close 62 -> 0 vc-secondary"}));
     EXPECT_EQ(installed.headingId, 73);
     EXPECT_STREQ(installed.badge, L"!");
     EXPECT_EQ(installed.messageId, 75);
@@ -135,24 +133,68 @@ TEST(SetupDialog, TextsThatNeedRoomGetIt) {
     };
     const Case cases[] = {
         {"a long message moves all below it, and the window grows",
-         with([](DialogMeasures& m) { m.messageBottom = 212; }), 690, {76, 212, 220, 24}, {76, 238, 420, 32},
-         {510, 238, 104, 32}, {76, 278, 250, 28}, {350, 278, 250, 28}, 366},
-        {"buttons in two lines", with([](DialogMeasures& m) { m.buttonsHeight = 100; }), 690, {76, 188, 220, 24},
-         {76, 214, 420, 32}, {510, 214, 104, 32}, {76, 254, 250, 28}, {350, 254, 250, 28}, 382},
+         with([](DialogMeasures& m) { m.messageBottom = 212; }),
+         690,
+         {76, 212, 220, 24},
+         {76, 238, 420, 32},
+         {510, 238, 104, 32},
+         {76, 278, 250, 28},
+         {350, 278, 250, 28},
+         366},
+        {"buttons in two lines",
+         with([](DialogMeasures& m) { m.buttonsHeight = 100; }),
+         690,
+         {76, 188, 220, 24},
+         {76, 214, 420, 32},
+         {510, 214, 104, 32},
+         {76, 254, 250, 28},
+         {350, 254, 250, 28},
+         382},
         {"a long caption takes from the field",
-         with([](DialogMeasures& m) { m.browse = {150, 30}; }), 690, {76, 188, 220, 24}, {76, 214, 374, 32},
-         {464, 214, 150, 32}, {76, 254, 250, 28}, {350, 254, 250, 28}, 344},
+         with([](DialogMeasures& m) { m.browse = {150, 30}; }),
+         690,
+         {76, 188, 220, 24},
+         {76, 214, 374, 32},
+         {464, 214, 150, 32},
+         {76, 254, 250, 28},
+         {350, 254, 250, 28},
+         344},
         {"a tall script makes the rows taller",
-         with([](DialogMeasures& m) { m.label = {300, 30}, m.browse.height = 40, m.desktopShortcut.height = 34; }), 690,
-         {76, 188, 300, 30}, {76, 220, 420, 40}, {510, 220, 104, 40}, {76, 268, 250, 34}, {350, 268, 250, 34}, 362},
+         with([](DialogMeasures& m) { m.label = {300, 30}, m.browse.height = 40, m.desktopShortcut.height = 34; }),
+         690,
+         {76, 188, 300, 30},
+         {76, 220, 420, 40},
+         {510, 220, 104, 40},
+         {76, 268, 250, 34},
+         {350, 268, 250, 34},
+         362},
         {"a long check box pushes the other one, which gives up room it does not need",
-         with([](DialogMeasures& m) { m.startWithWindows.width = 300; }), 690, {76, 188, 220, 24}, {76, 214, 420, 32},
-         {510, 214, 104, 32}, {76, 254, 300, 28}, {400, 254, 214, 28}, 344},
+         with([](DialogMeasures& m) { m.startWithWindows.width = 300; }),
+         690,
+         {76, 188, 220, 24},
+         {76, 214, 420, 32},
+         {510, 214, 104, 32},
+         {76, 254, 300, 28},
+         {400, 254, 214, 28},
+         344},
         {"two long ones stand one below the other",
-         with([](DialogMeasures& m) { m.startWithWindows.width = 300, m.desktopShortcut.width = 260; }), 690,
-         {76, 188, 220, 24}, {76, 214, 420, 32}, {510, 214, 104, 32}, {76, 254, 300, 28}, {76, 286, 260, 28}, 374},
-        {"a wider window is for the path", kEnglish, 790, {76, 188, 220, 24}, {76, 214, 520, 32}, {610, 214, 104, 32},
-         {76, 254, 250, 28}, {350, 254, 250, 28}, 344},
+         with([](DialogMeasures& m) { m.startWithWindows.width = 300, m.desktopShortcut.width = 260; }),
+         690,
+         {76, 188, 220, 24},
+         {76, 214, 420, 32},
+         {510, 214, 104, 32},
+         {76, 254, 300, 28},
+         {76, 286, 260, 28},
+         374},
+        {"a wider window is for the path",
+         kEnglish,
+         790,
+         {76, 188, 220, 24},
+         {76, 214, 520, 32},
+         {610, 214, 104, 32},
+         {76, 254, 250, 28},
+         {350, 254, 250, 28},
+         344},
     };
     for (const Case& each : cases) {
         const DialogPlaces places = placeDialog(false, each.need, each.width);
@@ -202,9 +244,10 @@ TEST(SetupDialog, StylesAreTakenFromTheSkinInTheirOrder) {
 
 TEST(SetupDialog, ItsOwnThemeIsGoldOnDarkGreen) {
     const tavi::Theme& theme = builtInSetupTheme().theme;
-    const tavi::Color colors[] = {theme.frame,      theme.shell,          theme.panel,  theme.header, theme.control,
-                                  theme.controlHot, theme.controlPressed, theme.border, theme.accent, theme.accentHot,
-                                  theme.text,       theme.textHot,        theme.mutedText, theme.disabledText};
+    const tavi::Color colors[] = {theme.frame,     theme.shell,       theme.panel,          theme.header,
+                                  theme.control,   theme.controlHot,  theme.controlPressed, theme.border,
+                                  theme.accent,    theme.accentHot,   theme.text,           theme.textHot,
+                                  theme.mutedText, theme.disabledText};
     constexpr uint32_t kRgb[] = {0xAC8038, 0x040B10, 0x05181E, 0x0D4246, 0x081C22, 0x236265, 0x134D52,
                                  0x265B5C, 0xE4A64E, 0xFAC360, 0xD7E9E0, 0xFFF3CC, 0x9DC4BE, 0x60807E};
     for (size_t i = 0; i < std::size(kRgb); ++i) {
