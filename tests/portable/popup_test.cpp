@@ -176,8 +176,8 @@ struct TitleBar : TaviWindow {
     }
     void click(Control& control) {
         const Rect at = control.bounds();
-        press({at.x + at.width / 2, at.y + at.height / 2});
-        release({at.x + at.width / 2, at.y + at.height / 2});
+        press({at.x + 5, at.y + at.height / 2});
+        release({at.x + 5, at.y + at.height / 2});
     }
     // The ids of the buttons that are shown, from left to right.
     std::vector<std::wstring> shown() const {
