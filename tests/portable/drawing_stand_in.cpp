@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "tavi/core/drawing.h"
 #include "tavi/theme/composition.h"
 #include "tavi/theme/surface_drawing.h"
 #include "tests/portable/window_stand_in.h"
@@ -23,6 +24,10 @@ Drawing takenDrawing() {
 }  // namespace testing_tavi
 
 namespace tavi {
+
+void fillRect(HDC target, const Rect& area, uint32_t color) {
+    testing_tavi::Canvas::of(target).blend(area, color, true);
+}
 
 void drawSurface(HDC target, const Rect& area, const SurfaceStyle& style) {
     testing_tavi::drawing().surfaces.push_back({area, style});
