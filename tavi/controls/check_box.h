@@ -26,6 +26,7 @@ public:
     void automationValue(std::wstring& value) const override;
     void paint(HDC target, Point origin) override;
     void releaseCaches() override;
+    bool keyPress(KeyEvent& event) override;
 
 protected:
     void act() override { setChecked(!checked_); }

@@ -197,7 +197,7 @@ bool SelectBox::keyPress(KeyEvent& event) {
                 type(L" ");
                 return true;
             }
-            return !event.wasDown && activate();
+            return !event.wasDown && ((!isOpen() && window()->activateDefault()) || activate());
         case key::kReturn:
             return !event.wasDown && activate();
         case key::kEscape:

@@ -1,4 +1,4 @@
-"""A screen with a window manager, and a person in front of it."""
+"""A screen, and a person in front of it."""
 import concurrent.futures
 import os
 import subprocess
@@ -8,7 +8,8 @@ from machine import BIN
 
 
 class Screen:
-    """A display of its own: pointer and keyboard belong to a display, and other tests run at the same time."""
+    """A display of its own: pointer and keyboard belong to a display, and other tests run at the same time. No window manager
+    runs on it: Wine itself decides which of its windows has the keyboard, which input from another program then reaches."""
 
     def __init__(self, folder):
         number = folder / "display"
@@ -22,18 +23,14 @@ class Screen:
             time.sleep(0.05)
         self.display = ":" + number.read_text(encoding="ascii").strip()
         self.environment = os.environ | {"DISPLAY": self.display}
-        # Without one no window ever gets the keyboard.
-        self._manager = subprocess.Popen(["openbox"], env=self.environment, stdin=subprocess.DEVNULL,
-                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def picture(self, path):
         """Takes a picture of all that is on the screen."""
         subprocess.run(["import", "-window", "root", str(path)], env=self.environment, check=True, timeout=60)
 
     def close(self):
-        for process in (self._manager, self._server):
-            process.terminate()
-            process.wait()
+        self._server.terminate()
+        self._server.wait()
 
 
 class Person:

@@ -130,6 +130,7 @@ public:
             if (window_ != nullptr && IsWindowVisible(window_)) {
                 controls_.clear();
                 Sleep(150);  // a person takes as long to see that it is there
+                bringForward();
                 return;
             }
         }
@@ -164,8 +165,8 @@ public:
 
 private:
     struct Seen {
-        RECT area;  // device pixels of the client area
-        bool isLeaf;
+        RECT area;      // device pixels of the client area
+        bool isSingle;  // nothing else lies in it
     };
 
     POINT onScreen(POINT client) const {
@@ -173,25 +174,75 @@ private:
         return client;
     }
 
+    // A window behind another one is clicked on its title bar, where nothing else happens.
+    void bringForward() const {
+        for (int i = 0; i < 50 && GetForegroundWindow() != window_; ++i) {
+            Sleep(20);
+        }
+        if (GetForegroundWindow() != window_) {
+            RECT rect{};
+            GetWindowRect(window_, &rect);
+            const POINT title{rect.left + (rect.right - rect.left) / 3, rect.top + 12};
+            sendMouse(MOUSEEVENTF_LEFTDOWN, title);
+            sendMouse(MOUSEEVENTF_LEFTUP, title);
+            Sleep(150);
+        }
+    }
+
     // What the framework says about the control at a point of the screen. The overlay is on only meanwhile.
     std::wstring describedAt(POINT at) {
         sendMouse(0, at);
-        pressKey(L"ctrl+F12");
-        std::wstring text = askAgain();
+        std::wstring text = beginAsking();
         pressKey(L"ctrl+F12");
         return text;
     }
 
-    static std::wstring askAgain() {
+    // A window that has just come may miss a key, and cannot answer while another program holds the clipboard.
+    static std::wstring beginAsking() {
+        for (int i = 0; i < 5; ++i) {
+            pressKey(L"ctrl+F12");
+            if (const std::optional<std::wstring> answer = answerWithin(2000)) {
+                return *answer;
+            }
+        }
+        throw Failure{L"the window does not answer to F12, the keyboard is at " + nameOf(GetForegroundWindow()) +
+                      L", the focus at " + nameOf(focusedWindow())};
+    }
+
+    static std::wstring ask() {
+        if (const std::optional<std::wstring> answer = answerWithin(5000)) {
+            return *answer;
+        }
+        throw Failure{L"the window answers no more"};
+    }
+
+    static std::optional<std::wstring> answerWithin(int limit) {
+        constexpr int kStep = 5;
         const DWORD before = GetClipboardSequenceNumber();
-        pressKey(L"F12");
-        for (int i = 0; i < 200; ++i) {
+        for (int waited = 0; waited < limit; waited += kStep) {
+            if (waited % 500 == 0) {
+                pressKey(L"F12");
+            }
             if (GetClipboardSequenceNumber() != before) {
                 return clipboardText();
             }
-            Sleep(5);
+            Sleep(kStep);
         }
-        throw Failure{L"the window does not answer to F12"};
+        return std::nullopt;
+    }
+
+    static HWND focusedWindow() {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof(info);
+        return GetGUIThreadInfo(0, &info) ? info.hwndFocus : nullptr;
+    }
+
+    static std::wstring nameOf(HWND window) {
+        wchar_t title[200] = L"nothing";
+        wchar_t kind[200] = L"";
+        GetWindowTextW(window, title, 200);
+        GetClassNameW(window, kind, 200);
+        return std::wstring(kind) + L" '" + title + L"'";
     }
 
     void look() {
@@ -202,21 +253,21 @@ private:
         const int dpi = static_cast<int>(GetDpiForWindow(window_));
         const auto device = [dpi](LONG length) { return MulDiv(length, dpi, 96); };
         sendMouse(0, onScreen({client.right / 2, client.bottom / 2}));
-        pressKey(L"ctrl+F12");
+        beginAsking();
         for (int y = device(10); y < client.bottom; y += device(kStepY)) {
             for (int x = device(14); x < client.right; x += device(kStepX)) {
                 const POINT at{x, y};
                 const bool known = std::ranges::any_of(
-                    controls_, [&](const auto& entry) { return entry.second.isLeaf && PtInRect(&entry.second.area, at); });
+                    controls_, [&](const auto& entry) { return entry.second.isSingle && PtInRect(&entry.second.area, at); });
                 if (known) {
                     continue;
                 }
                 sendMouse(0, onScreen(at));
-                const std::wstring text = askAgain();
+                const std::wstring text = ask();
                 const std::wstring path = valueOf(text, L"control");
                 const RECT design = rectangleOf(valueOf(text, L"client"));
                 const RECT area{device(design.left), device(design.top), device(design.right), device(design.bottom)};
-                controls_[path.substr(path.rfind(L'/') + 1)] = {area, valueOf(text, L"children") == L"0"};
+                controls_[path.substr(path.rfind(L'/') + 1)] = {area, valueOf(text, L"takes focus") == L"yes"};
             }
         }
         pressKey(L"ctrl+F12");
