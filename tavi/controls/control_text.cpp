@@ -35,10 +35,19 @@ const TextLayout& ControlText::fitted(const Control& control, std::wstring_view 
     return layout_;
 }
 
-Size ControlText::needed(const Control& control, std::wstring_view text, const TextFont& font, int32_t width) {
+Size ControlText::needed(const Control& control, std::wstring_view text, const TextFont& font, int32_t width,
+                         int32_t inset) {
     const Scale scale = control.window() != nullptr ? control.window()->scale() : Scale();
+    const int32_t sides = 2 * scale.length(inset);
     const TextFit fit = width > 0 ? TextFit::kWrap : TextFit::kWhole;
-    return scale.design(TextLayout(text, formatFor(control, font, fit, scale.length(width))).size());
+    // Edges are mapped to the device, so that how many pixels lie between two of them depends on where they are: never
+    // less than the whole ones of the extent. Hence both ways of rounding here.
+    const int64_t dpi = scale.dpi();
+    const int64_t narrowest = width * dpi / kDesignDpi;
+    const TextFormat format = formatFor(control, font, fit, saturate(std::max<int64_t>(narrowest - sides, 0)));
+    const Size lines = TextLayout(text, format).size();
+    const auto cover = [dpi](int64_t device) { return saturate((device * kDesignDpi + dpi - 1) / dpi); };
+    return {cover(int64_t{lines.width} + sides), cover(lines.height)};
 }
 
 }  // namespace tavi

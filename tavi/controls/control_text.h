@@ -17,8 +17,10 @@ public:
                              Size room);
     void forget() { isKept_ = false; }
 
-    // What a text needs in design pixels, rounded up; `width` is the room for lines that are broken, 0 for any.
-    static Size needed(const Control& control, std::wstring_view text, const TextFont& font, int32_t width = 0);
+    // What a text needs in design pixels, rounded up, with `inset` kept free at both of its sides; `width` is the room
+    // for lines that are broken and those sides, 0 for any. A control of such a size holds the text wherever it lies.
+    static Size needed(const Control& control, std::wstring_view text, const TextFont& font, int32_t width = 0,
+                       int32_t inset = 0);
 
 private:
     std::wstring text_;

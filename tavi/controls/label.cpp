@@ -38,16 +38,21 @@ TextFont Label::font() const {
     return font;
 }
 
-const TextLayout& Label::fitted(Size room) const {
-    return lines_.fitted(*this, text(), font(), fit_, room);
+const TextLayout& Label::fitted(const Rect& room) const {
+    return lines_.fitted(*this, text(), font(), fit_, room.size());
+}
+
+Rect Label::room(Point origin) const {
+    const Scale scale = window() != nullptr ? window()->scale() : Scale();
+    return insetBy(deviceRect(localBounds(), origin), scale.length(kSurfaceInset), 0);
 }
 
 Size Label::preferredSize(int32_t width) const {
-    return ControlText::needed(*this, text(), font(), width);
+    return ControlText::needed(*this, text(), font(), width, kSurfaceInset);
 }
 
 bool Label::isCut() const {
-    return fitted(deviceRect(localBounds(), clientOrigin()).size()).isCut();
+    return fitted(room(clientOrigin())).isCut();
 }
 
 void Label::paint(HDC target, Point origin) {
@@ -58,7 +63,8 @@ void Label::paint(HDC target, Point origin) {
     if (appearance().fillColor || appearance().borderColor) {
         looks_.paintArea(target, *this, origin, area, state);
     }
-    fitted(area.size()).draw(target, area, look.text, align_, vertical_);
+    const Rect inner = room(origin);
+    fitted(inner).draw(target, inner, look.text, align_, vertical_);
 }
 
 void Label::releaseCaches() {

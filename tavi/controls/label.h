@@ -1,4 +1,5 @@
-// A text that is read: one line with an ellipsis, or lines broken at words.
+// A text that is read: one line with an ellipsis, or lines broken at words. It begins as far inside of the bounds as
+// the surfaces of other controls do, so that texts, fields and buttons with the same edges stand in line.
 #pragma once
 
 #include "tavi/controls/control_looks.h"
@@ -29,7 +30,9 @@ public:
 
 private:
     TextFont font() const;
-    const TextLayout& fitted(Size room) const;
+    const TextLayout& fitted(const Rect& room) const;
+    // What the text may cover on the device.
+    Rect room(Point origin) const;
 
     ControlLooks looks_{L"text"};
     mutable ControlText lines_;

@@ -12,6 +12,7 @@
 #include "tavi/theme/active_skin.h"
 #include "tavi/theme/surface_margins.h"
 #include "tests/portable/drawing_stand_in.h"
+#include "tests/portable/shaping_stand_in.h"
 #include "tests/portable/window_fixture.h"
 
 namespace {
@@ -236,6 +237,41 @@ TEST_F(Controls, TextsAskForRoomAndTellWhenTheyAreCut) {
         label->setFontChange(0, 0);
         EXPECT_GE(button->preferredSize().height, 32);
         EXPECT_EQ(button->preferredSize().width - box->preferredSize().width, 2 * 16 - (2 + 18 + 8));
+    }
+}
+
+TEST_F(Controls, TextsBeginWhereTheSurfacesOfOthersDo) {
+    auto* const label = place<Label>(L"a", Rect{20, 20, 100, 32}, L"Text");
+    place<CheckBox>(L"b", Rect{20, 60, 100, 28}, L"");
+    for (const int32_t dpi : {96, 120, 144, 192}) {
+        for (const bool rightToLeft : {false, true}) {
+            tree->setRightToLeft(rightToLeft);
+            stand_in::takeDrawnTexts();
+            const Rect box = painted(dpi).surfaces.front().area;
+            const int32_t left = stand_in::takeDrawnTexts().front().origin.x;
+            const TextFormat format{.font = {activeTheme().uiFontFamily, activeTheme().uiPointSize}, .dpi = dpi};
+            const int32_t right = left + TextLayout(label->text(), format).size().width;
+            EXPECT_EQ(rightToLeft ? right : left, rightToLeft ? box.right() : box.x) << dpi;
+        }
+    }
+}
+
+// How many device pixels a control has depends on where it lies.
+TEST_F(Controls, TextsAreWholeInTheRoomTheyAskForWhereverItIs) {
+    auto* const label = place<Label>(L"a", Rect{}, L"");
+    for (const int32_t dpi : {96, 108, 120, 144, 168, 192}) {
+        tree->setClient({900, 600}, dpi);
+        for (int32_t at = 0; at < 12; ++at) {
+            label->setText(std::wstring(static_cast<size_t>(at) + 1, L'a') + L" is ready");
+            label->setFit(TextFit::kEllipsis);
+            const Size whole = label->preferredSize();
+            label->setBounds({at, at, whole.width, whole.height});
+            EXPECT_FALSE(label->isCut()) << dpi << " at " << at;
+            label->setFit(TextFit::kWrap);
+            const int32_t width = whole.width - at * 4;
+            label->setBounds({at, at, width, label->preferredSize(width).height});
+            EXPECT_FALSE(label->isCut()) << dpi << " at " << at;
+        }
     }
 }
 
