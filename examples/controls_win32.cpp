@@ -106,11 +106,11 @@ void addBars(tavi::Panel& root, int32_t top) {
         bar->setRange(1000, 250, 10);
         bar->setValue(200);
     }
-    constexpr tavi::Glyph kGlyphs[] = {tavi::Glyph::kResetSize, tavi::Glyph::kMinimize,  tavi::Glyph::kMaximize,
-                                       tavi::Glyph::kRestore,   tavi::Glyph::kClose,     tavi::Glyph::kArrowDown,
-                                       tavi::Glyph::kArrowUp,   tavi::Glyph::kArrowLeft, tavi::Glyph::kArrowRight,
-                                       tavi::Glyph::kTick,      tavi::Glyph::kDash,      tavi::Glyph::kInformation,
-                                       tavi::Glyph::kWarning,   tavi::Glyph::kError,     tavi::Glyph::kQuestion};
+    constexpr tavi::Glyph kGlyphs[] = {tavi::Glyph::kResetSize, tavi::Glyph::kMinimize,    tavi::Glyph::kMaximize,
+                                       tavi::Glyph::kRestore,   tavi::Glyph::kClose,       tavi::Glyph::kArrowDown,
+                                       tavi::Glyph::kArrowUp,   tavi::Glyph::kArrowLeft,   tavi::Glyph::kArrowRight,
+                                       tavi::Glyph::kTick,      tavi::Glyph::kInformation, tavi::Glyph::kWarning,
+                                       tavi::Glyph::kError,     tavi::Glyph::kQuestion};
     int32_t x = kMargin;
     for (const tavi::Glyph glyph : kGlyphs) {
         auto* const button = root.add<tavi::ThemedButton>(L"", Rect{x, top + 156, 38, 28}, L"");

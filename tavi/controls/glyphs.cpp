@@ -49,7 +49,6 @@ constexpr Mark frame(Glyph glyph, Place a, Place b) {
 // In the order of drawing.
 constexpr Mark kMarks[] = {
     line(Glyph::kTick, kBold, 3, {{{0.24F, 0.52F}, {0.43F, 0.71F}, {0.77F, 0.31F}}}),
-    bar(Glyph::kDash, kBold, {0.25F, 0.5F}, {0.75F, 0.5F}),
     line(Glyph::kClose, kFine, 2, {{{0.29F, 0.29F}, {0.71F, 0.71F}}}),
     line(Glyph::kClose, kFine, 2, {{{0.71F, 0.29F}, {0.29F, 0.71F}}}),
     bar(Glyph::kMinimize, kFine, {0.26F, 0.5F}, {0.74F, 0.5F}),

@@ -14,7 +14,6 @@ namespace tavi {
 enum class Glyph : uint8_t {
     kNone,
     kTick,
-    kDash,  // a check box that is neither
     kClose,
     kMinimize,
     kMaximize,

@@ -68,26 +68,23 @@ Size boxSize(const DesignedPopup& popup) {
 }
 
 // What a button does: ends the box, or its own action.
-void choose(DialogWindow& dialog, const std::vector<MessageBoxButton>& buttons, const std::wstring& id) {
-    for (const MessageBoxButton& button : buttons) {
-        if (button.id == id) {
-            if (const std::function<void(HWND)> action = button.action) {
-                action(dialog.handle());
-            } else {
-                dialog.end(button.result);
-            }
-            return;
-        }
+void press(DialogWindow& dialog, const MessageBoxButton& button) {
+    if (button.action) {
+        button.action(dialog.handle());
+    } else {
+        dialog.end(button.result);
     }
 }
 
-void fill(DialogWindow& dialog, const MessageBoxOptions& options, const std::vector<MessageBoxButton>& buttons) {
+// Returns the popup. The buttons live as long as the dialog.
+const DesignedPopup& fill(DialogWindow& dialog, const MessageBoxOptions& options,
+                          const std::vector<MessageBoxButton>& buttons) {
     Panel& root = dialog.root();
     auto* const popup = root.add<MessagePanel>(options, buttons);
     popup->setLayoutOverlapAllowed(true);
-    popup->chosen.connect([&](CommandEvent& event) { choose(dialog, buttons, event.command); });
     dialog.setDefaultControl(popup->buttons().front());
     for (size_t i = 0; i < buttons.size(); ++i) {
+        popup->buttons()[i]->pressed.connect([&dialog, &button = buttons[i]](CommandEvent&) { press(dialog, button); });
         if (buttons[i].result == DialogResult::Cancel) {
             dialog.setCancelControl(popup->buttons()[i]);
         }
@@ -98,6 +95,7 @@ void fill(DialogWindow& dialog, const MessageBoxOptions& options, const std::vec
     for (const CaptionButton button : {CaptionButton::kMinimize, CaptionButton::kMaximize, CaptionButton::kResetSize}) {
         bar->setButtonShown(button, false);
     }
+    return *popup;
 }
 
 }  // namespace
@@ -114,7 +112,7 @@ DialogResult showMessageBox(HINSTANCE instance, HWND owner, const MessageBoxOpti
     DialogWindow dialog(instance);
     dialog.tree().setRightToLeft(options.rightToLeft);
     dialog.tree().setBackground(activeTheme().shell);
-    fill(dialog, options, buttons);
+    const DesignedPopup& popup = fill(dialog, options, buttons);
     if (!dialog.create({.title = options.title,
                         .clientSize = kFirstSize,
                         .style = kBoxStyle,
@@ -123,7 +121,6 @@ DialogResult showMessageBox(HINSTANCE instance, HWND owner, const MessageBoxOpti
         return DialogResult::None;
     }
     // Only now is its scale known, and with it how long its texts are. The work area is the limit.
-    const auto& popup = static_cast<const DesignedPopup&>(*dialog.root().findById(L"message-box"));
     dialog.setDefaultClientSize(boxSize(popup));
     dialog.resetToDefaultSize();
     dialog.centerOn(owner);

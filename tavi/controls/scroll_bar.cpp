@@ -296,7 +296,7 @@ bool ScrollBar::pointerWheel(WheelEvent& event) {
         return false;
     }
     // Fine wheels turn by parts of a notch; what is less than a step is kept for the next turn.
-    const double towards = event.horizontal ? event.steps : -event.steps;
+    const double towards = event.horizontal && !mirrored() ? event.steps : -event.steps;
     const double lines = wheelRest_ + towards * kLinesPerNotch;
     const double whole = std::clamp(std::trunc(lines), -1e6, 1e6);
     wheelRest_ = std::clamp(lines - whole, -1.0, 1.0);

@@ -50,6 +50,20 @@ std::wstring systemFamily() {
     return isKnown ? metrics.lfMessageFont.lfFaceName : L"Segoe UI";
 }
 
+// By any of its names: a font may have one in each of several languages, and Windows tells the one in its own.
+bool isInstalled(HDC device, const std::wstring& family) {
+    LOGFONTW wanted{};
+    wanted.lfCharSet = DEFAULT_CHARSET;
+    family.copy(wanted.lfFaceName, LF_FACESIZE - 1);
+    bool isFound = false;
+    const FONTENUMPROCW find = [](const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM found) -> int {
+        *reinterpret_cast<bool*>(found) = true;
+        return 0;
+    };
+    EnumFontFamiliesExW(device, &wanted, find, reinterpret_cast<LPARAM>(&isFound), 0);
+    return isFound;
+}
+
 uint16_t bigEndian(const std::vector<uint8_t>& bytes, size_t at) {
     return at + 2 <= bytes.size() ? static_cast<uint16_t>(bytes[at] << 8 | bytes[at + 1]) : uint16_t{0};
 }
@@ -95,7 +109,7 @@ FontFace::FontFace(const std::wstring& family, int height, int weight)
     descent_ = metrics.tmDescent;
     wchar_t name[LF_FACESIZE]{};
     GetTextFaceW(device, LF_FACESIZE, name);
-    isGenuine_ = base::equalsIgnoringCase(name, family);
+    isGenuine_ = base::equalsIgnoringCase(name, family) || isInstalled(device, family);
     readScripts(device);
 }
 

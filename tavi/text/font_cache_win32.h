@@ -50,7 +50,8 @@ public:
     int32_t descent() const { return descent_; }
     // Whether the font has this family and is not another one that the system has put in its place.
     bool isGenuine() const { return isGenuine_; }
-    // Whether it has pictures for all characters. Invisible ones need none; those beyond U+FFFF are taken for had.
+    // Whether it has pictures for all characters. Invisible ones need none; those beyond U+FFFF are taken for had, see
+    // drawsSurrogatePairs.
     bool hasGlyphs(const MeasuringDevice& device, std::wstring_view text) const;
     // Whether it knows how to shape one of the scripts, tags of OpenType of four characters each; true for none.
     bool canShape(std::string_view scriptTags) const;

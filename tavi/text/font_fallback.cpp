@@ -156,6 +156,11 @@ HanForm hanFormOf(std::wstring_view text) {
     return form;
 }
 
+std::wstring_view substituteFamilies(std::wstring_view family) {
+    const bool isForCode = family.find(L"Mono") != std::wstring_view::npos;
+    return isForCode ? L"Cascadia Mono|Consolas|Courier New" : L"Segoe UI";
+}
+
 FallbackFonts fallbackFonts(char32_t character, HanForm han) {
     const Block* const block = blockOf(character);
     if (block == nullptr) {

@@ -17,6 +17,9 @@ struct FallbackFonts {
     // Scripts of OpenType: a font that draws this one must know one of them; "" where characters need no shaping.
     std::string_view shapingTags = {};
 };
+// Families that stand in for one that is not installed, as in FallbackFonts; the system would choose by likeness, and
+// that rarely looks like a user interface.
+std::wstring_view substituteFamilies(std::wstring_view family);
 // For a character that the font asked for does not have; `families` is empty for what belongs to no script.
 FallbackFonts fallbackFonts(char32_t character, HanForm han);
 // What is tried at last.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/text.h"
 #include "tavi/text/uniscribe_win32.h"
 
 namespace tavi {
@@ -14,7 +15,6 @@ size_t likelyGlyphs(size_t characters) {
 
 bool shapeGlyphs(HDC device, std::wstring_view text, GlyphRun& run) {
     constexpr size_t kMostGlyphs = 0xFFFF;
-    const int length = static_cast<int>(text.size());
     run.clusters.resize(text.size());
     HRESULT result = E_OUTOFMEMORY;
     int count = 0;
@@ -22,9 +22,9 @@ bool shapeGlyphs(HDC device, std::wstring_view text, GlyphRun& run) {
         run.glyphs.resize(room);
         run.attributes.resize(room);
         const auto shape = [&] {
-            return uniscribe().shape(device, run.face->scriptCache(), text.data(), length, static_cast<int>(room),
-                                     &run.analysis, run.glyphs.data(), run.clusters.data(), run.attributes.data(),
-                                     &count);
+            return uniscribe().shape(device, run.face->scriptCache(), text.data(), static_cast<int>(text.size()),
+                                     static_cast<int>(room), &run.analysis, run.glyphs.data(), run.clusters.data(),
+                                     run.attributes.data(), &count);
         };
         result = shape();
         if (result == USP_E_SCRIPT_NOT_IN_FONT) {
@@ -77,7 +77,7 @@ public:
           font_(SelectObject(device, font)),
           color_(SetTextColor(device, color)),
           mode_(SetBkMode(device, TRANSPARENT)),
-          align_(SetTextAlign(device, TA_BASELINE | TA_LEFT | TA_NOUPDATECP)) {}
+          align_(SetTextAlign(device, TA_BASELINE | TA_LEFT)) {}
     ~TextState() {
         SetTextAlign(device_, align_);
         SetBkMode(device_, mode_);
@@ -122,6 +122,26 @@ std::shared_ptr<const GlyphRun> makeGlyphRun(const MeasuringDevice& device, std:
         hideInvisible(target, *run);
     }
     return run;
+}
+
+bool drawsSurrogatePairs(const MeasuringDevice& device, std::wstring_view text, const SCRIPT_ANALYSIS& analysis,
+                         const std::shared_ptr<const FontFace>& face) {
+    const auto isPair = [](wchar_t unit) { return base::isHighSurrogate(static_cast<char32_t>(unit)); };
+    if (std::ranges::none_of(text, isPair)) {
+        return true;
+    }
+    const std::shared_ptr<const GlyphRun> run = makeGlyphRun(device, text, analysis, false, face);
+    SCRIPT_FONTPROPERTIES properties{};
+    properties.cBytes = sizeof(properties);
+    if (!run || FAILED(uniscribe().fontProperties(device.with(face->handle()), face->scriptCache(), &properties))) {
+        return false;
+    }
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (isPair(text[i]) && run->glyphs[run->clusters[i]] == properties.wgDefault) {
+            return false;
+        }
+    }
+    return true;
 }
 
 void drawRun(HDC target, const ShapedRun& run, size_t begin, size_t end, Point origin, uint32_t color) {

@@ -41,6 +41,10 @@ std::shared_ptr<const GlyphRun> makeGlyphRun(const MeasuringDevice& device, std:
                                              const SCRIPT_ANALYSIS& analysis, bool isComplete,
                                              const std::shared_ptr<const FontFace>& face);
 
+// Whether a font has pictures for the characters beyond U+FFFF in a text, of which GDI tells nothing.
+bool drawsSurrogatePairs(const MeasuringDevice& device, std::wstring_view text, const SCRIPT_ANALYSIS& analysis,
+                         const std::shared_ptr<const FontFace>& face);
+
 // The whole text as one run, for a system without Uniscribe.
 ShapedText shapePlainly(std::wstring_view text, const std::shared_ptr<const FontFace>& face, bool rightToLeft);
 

@@ -1,7 +1,5 @@
 #include "tavi/text/measured_text.h"
 
-#include <utility>
-
 #include "base/text.h"
 #include "tavi/text/character_traits.h"
 #include "tavi/text/clusters.h"
@@ -12,6 +10,7 @@ namespace {
 constexpr wchar_t kBlank = L' ';
 constexpr wchar_t kWidthlessBreak = 0x200B;
 constexpr wchar_t kReplacement = 0xFFFD;
+constexpr char32_t kLastCharacter = 0x10FFFF;
 
 // Every unit stays one, so that positions stay the same.
 std::wstring prepared(std::wstring_view text) {
@@ -22,10 +21,8 @@ std::wstring prepared(std::wstring_view text) {
         if (isControl || endsLine(character.value)) {
             const bool isSecond = character.value == L'\n' && at > 0 && text[at - 1] == L'\r';
             result[at] = isSecond ? kWidthlessBreak : kBlank;
-        } else if (character.length == 1 &&
-                   (base::isHighSurrogate(character.value) || base::isLowSurrogate(character.value))) {
-            result[at] = kReplacement;
-        } else if (character.value > 0x10FFFF) {
+        } else if (base::isHighSurrogate(character.value) || base::isLowSurrogate(character.value) ||
+                   character.value > kLastCharacter) {
             result[at] = kReplacement;
         }
         at += character.length;
@@ -44,11 +41,6 @@ Head headAt(std::wstring_view text, size_t position) {
     return {value, traitsOf(value)};
 }
 
-bool isWide(const Head& head) {
-    constexpr char32_t kFirstWide = 0x2E80;
-    return head.traits.lineBreak == BreakClass::kIdeograph || head.value >= kFirstWide;
-}
-
 // Whether a line may end behind a hyphen or slash between two clusters. One that begins a word belongs to it.
 bool breaksBehindSign(const Head& beforeSign, const Head& sign, const Head& after) {
     if (sign.value == kWidthlessBreak) {
@@ -60,29 +52,39 @@ bool breaksBehindSign(const Head& beforeSign, const Head& sign, const Head& afte
            before != BreakClass::kAfter && before != BreakClass::kOpening;
 }
 
+// The last cluster before a boundary and the first behind it, each with its neighbor.
+struct Surroundings {
+    Head beforeLast = {};
+    Head last = {};
+    Head first = {};
+    Head second = {};
+};
+
 // A simplified UAX #14: what the user interfaces of all its languages need.
-Boundary boundaryBetween(const Head& second, const Head& first, const Head& next) {
-    const BreakClass left = first.traits.lineBreak;
-    const BreakClass right = next.traits.lineBreak;
-    const bool isBehindGap = left == BreakClass::kBlank || first.value == kWidthlessBreak;
+Boundary boundaryIn(const Surroundings& around) {
+    const BreakClass left = around.last.traits.lineBreak;
+    const BreakClass right = around.first.traits.lineBreak;
+    const bool isBehindGap = left == BreakClass::kBlank || around.last.value == kWidthlessBreak;
     if (right == BreakClass::kBlank || right == BreakClass::kGlue || left == BreakClass::kGlue ||
         left == BreakClass::kOpening || (right == BreakClass::kClosing && !isBehindGap)) {
         return Boundary::kReluctant;
     }
-    // French has blanks before its signs.
-    if (right == BreakClass::kClosing && left == BreakClass::kBlank) {
+    // French has blanks before its signs. What stands right before a letter begins a word: 'n, .exe.
+    if (right == BreakClass::kClosing && left == BreakClass::kBlank &&
+        around.second.traits.lineBreak != BreakClass::kLetter) {
         return Boundary::kForced;
     }
     if (isBehindGap) {
         return Boundary::kBreak;
     }
     if (left == BreakClass::kAfter) {
-        return breaksBehindSign(second, first, next) ? Boundary::kBreak : Boundary::kReluctant;
+        return breaksBehindSign(around.beforeLast, around.last, around.first) ? Boundary::kBreak : Boundary::kReluctant;
     }
     if (right == BreakClass::kAfter) {
         return Boundary::kReluctant;
     }
-    return isWide(first) || isWide(next) ? Boundary::kBreak : Boundary::kForced;
+    const bool isBesideIdeograph = left == BreakClass::kIdeograph || right == BreakClass::kIdeograph;
+    return isBesideIdeograph ? Boundary::kBreak : Boundary::kForced;
 }
 
 }  // namespace
@@ -98,16 +100,15 @@ void MeasuredText::findBoundaries() {
     boundaries_.front() = Boundary::kBreak;
     boundaries_.back() = Boundary::kBreak;
     const Head start{kBlank, traitsOf(kBlank)};
-    Head second = start;
-    Head first = start;
-    for (size_t at = 0; at < text_.size(); at = nextCluster(text_, at)) {
-        const Head next = headAt(text_, at);
+    Surroundings around{start, start, start, text_.empty() ? start : headAt(text_, 0)};
+    for (size_t at = 0; at < text_.size();) {
+        const size_t next = nextCluster(text_, at);
+        around = {around.last, around.first, around.second, next < text_.size() ? headAt(text_, next) : start};
         if (at > 0) {
-            const Boundary boundary =
-                shaped_.units[at].softBreak ? Boundary::kBreak : boundaryBetween(second, first, next);
+            const Boundary boundary = shaped_.units[at].softBreak ? Boundary::kBreak : boundaryIn(around);
             boundaries_[at] = shaped_.units[at].divisible ? boundary : Boundary::kCaret;
         }
-        second = std::exchange(first, next);
+        at = next;
     }
 }
 

@@ -4,13 +4,13 @@ namespace tavi {
 
 ShapedText shapePlainly(std::wstring_view text, const std::shared_ptr<const FontFace>& face, bool rightToLeft) {
     ShapedText shaped{.ascent = face->ascent(), .descent = face->descent()};
-    const int length = static_cast<int>(text.size());
     std::vector<int> ends(text.size());
     int fitting = 0;
     SIZE size{};
     const MeasuringDevice device;
     constexpr int kNoLimit = 0x7FFF'FFFF;
-    GetTextExtentExPointW(device.with(face->handle()), text.data(), length, kNoLimit, &fitting, ends.data(), &size);
+    GetTextExtentExPointW(device.with(face->handle()), text.data(), static_cast<int>(text.size()), kNoLimit, &fitting,
+                          ends.data(), &size);
     int before = 0;
     for (const int end : ends) {
         shaped.units.push_back({.advance = end - before, .divisible = true});

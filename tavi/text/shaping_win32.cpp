@@ -26,17 +26,22 @@ bool isJoiner(char32_t character) {
 }
 
 class Shaper {
+    using Face = std::shared_ptr<const FontFace>;
+
 public:
     Shaper(std::wstring_view text, const TextFont& font, int32_t dpi)
-        : text_(text), font_(font), dpi_(dpi), han_(hanFormOf(text)), asked_(findFontFace(font.family, font, dpi)) {}
+        : text_(text), font_(font), dpi_(dpi), han_(hanFormOf(text)), asked_(findFontFace(font.family, font, dpi)) {
+        if (!asked_->isGenuine()) {
+            const Face substitute = firstOf(substituteFamilies(font.family), {}, {}, {});
+            asked_ = substitute ? substitute : asked_;
+        }
+    }
 
     // Empty runs when Uniscribe fails.
     ShapedText shape(bool rightToLeft);
-    const std::shared_ptr<const FontFace>& askedFace() const { return asked_; }
+    const Face& askedFace() const { return asked_; }
 
 private:
-    using Face = std::shared_ptr<const FontFace>;
-
     std::wstring_view part(size_t begin, size_t end) const { return text_.substr(begin, end - begin); }
     void useHeight(const FontFace& face) {
         result_.ascent = std::max(result_.ascent, face.ascent());
@@ -50,8 +55,12 @@ private:
     void shapeRun(TextRange range, const SCRIPT_ANALYSIS& analysis, const Face& face);
     void appendInvisible(TextRange range, const SCRIPT_ANALYSIS& analysis);
 
-    Face findFace(std::wstring_view text) const;
-    Face firstOf(std::wstring_view families, std::wstring_view text, std::string_view tags) const;
+    bool draws(const Face& face, std::wstring_view text, const SCRIPT_ANALYSIS& analysis) const {
+        return face->hasGlyphs(device_, text) && drawsSurrogatePairs(device_, text, analysis, face);
+    }
+    Face findFace(std::wstring_view text, const SCRIPT_ANALYSIS& analysis) const;
+    Face firstOf(std::wstring_view families, std::wstring_view text, const SCRIPT_ANALYSIS& analysis,
+                 std::string_view tags) const;
 
     std::wstring_view text_;
     const TextFont& font_;
@@ -81,11 +90,10 @@ std::vector<SCRIPT_ITEM> Shaper::itemize(bool rightToLeft) const {
     state.uBidiLevel = rightToLeft ? 1 : 0;
     std::vector<SCRIPT_ITEM> items(std::min<size_t>(text_.size(), 32) + 2);
     int count = 0;
-    const int length = static_cast<int>(text_.size());
     HRESULT result = E_OUTOFMEMORY;
     while (result == E_OUTOFMEMORY) {
-        result = uniscribe().itemize(text_.data(), length, static_cast<int>(items.size()) - 1, &control, &state,
-                                     items.data(), &count);
+        result = uniscribe().itemize(text_.data(), static_cast<int>(text_.size()), static_cast<int>(items.size()) - 1,
+                                     &control, &state, items.data(), &count);
         if (result == E_OUTOFMEMORY && items.size() > text_.size() + 2) {
             break;
         }
@@ -104,8 +112,7 @@ void Shaper::findWords(TextRange range, const SCRIPT_ANALYSIS& analysis) {
     }
     const std::wstring_view text = part(range.begin, range.end);
     std::vector<SCRIPT_LOGATTR> attributes(text.size());
-    const int length = static_cast<int>(text.size());
-    if (SUCCEEDED(uniscribe().breakWords(text.data(), length, &analysis, attributes.data()))) {
+    if (SUCCEEDED(uniscribe().breakWords(text.data(), static_cast<int>(text.size()), &analysis, attributes.data()))) {
         for (size_t i = 1; i < text.size(); ++i) {
             result_.units[range.begin + i].softBreak = attributes[i].fSoftBreak != 0;
         }
@@ -138,7 +145,7 @@ void Shaper::shapeVisible(TextRange range, const SCRIPT_ANALYSIS& analysis) {
     if (range.empty()) {
         return;
     }
-    if (const Face face = findFace(part(range.begin, range.end))) {
+    if (const Face face = findFace(part(range.begin, range.end), analysis)) {
         shapeRun(range, analysis, face);
         return;
     }
@@ -146,7 +153,7 @@ void Shaper::shapeVisible(TextRange range, const SCRIPT_ANALYSIS& analysis) {
     size_t begin = range.begin;
     for (size_t at = range.begin; at < range.end;) {
         const size_t next = std::min(nextCluster(text_, at), range.end);
-        const Face found = findFace(part(at, next));
+        const Face found = findFace(part(at, next), analysis);
         const Face own = found ? found : asked_;
         if (face && own != face) {
             shapeRun({begin, at}, analysis, face);
@@ -158,26 +165,27 @@ void Shaper::shapeVisible(TextRange range, const SCRIPT_ANALYSIS& analysis) {
     shapeRun({begin, range.end}, analysis, face);
 }
 
-Shaper::Face Shaper::findFace(std::wstring_view text) const {
+Shaper::Face Shaper::findFace(std::wstring_view text, const SCRIPT_ANALYSIS& analysis) const {
     FallbackFonts fonts;
     for (size_t at = 0; at < text.size() && fonts.families.empty(); at += codePointAt(text, at).length) {
         fonts = fallbackFonts(codePointAt(text, at).value, han_);
     }
-    if (asked_->canShape(fonts.shapingTags) && asked_->hasGlyphs(device_, text)) {
+    if (asked_->canShape(fonts.shapingTags) && draws(asked_, text, analysis)) {
         return asked_;
     }
-    if (const Face face = firstOf(fonts.families, text, fonts.shapingTags)) {
+    if (const Face face = firstOf(fonts.families, text, analysis, fonts.shapingTags)) {
         return face;
     }
-    return firstOf(kLastResortFamilies, text, {});
+    return firstOf(kLastResortFamilies, text, analysis, {});
 }
 
-Shaper::Face Shaper::firstOf(std::wstring_view families, std::wstring_view text, std::string_view tags) const {
+Shaper::Face Shaper::firstOf(std::wstring_view families, std::wstring_view text, const SCRIPT_ANALYSIS& analysis,
+                             std::string_view tags) const {
     while (!families.empty()) {
         const std::wstring_view family = families.substr(0, families.find(L'|'));
         families.remove_prefix(std::min(family.size() + 1, families.size()));
         const Face face = findFontFace(std::wstring(family), font_, dpi_);
-        if (face->isGenuine() && face->canShape(tags) && face->hasGlyphs(device_, text)) {
+        if (face->isGenuine() && face->canShape(tags) && draws(face, text, analysis)) {
             return face;
         }
     }
@@ -185,8 +193,9 @@ Shaper::Face Shaper::firstOf(std::wstring_view families, std::wstring_view text,
 }
 
 void Shaper::shapeRun(TextRange range, const SCRIPT_ANALYSIS& analysis, const Face& face) {
-    const std::shared_ptr<const GlyphRun> run = makeGlyphRun(
-        device_, part(range.begin, range.end), analysis, face->hasGlyphs(device_, part(range.begin, range.end)), face);
+    const std::wstring_view text = part(range.begin, range.end);
+    const std::shared_ptr<const GlyphRun> run =
+        makeGlyphRun(device_, text, analysis, draws(face, text, analysis), face);
     useHeight(*face);
     result_.runs.push_back({range.begin, range.end, static_cast<uint8_t>(analysis.s.uBidiLevel), run});
     result_.units[range.begin].divisible = true;

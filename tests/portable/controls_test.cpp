@@ -345,7 +345,7 @@ TEST(Glyphs, AreSharp) {
             const PixelBuffer picture = glyphPicture(glyph, extent, hexColor(0xFFFFFF));
             const auto count = std::ranges::count_if(picture.pixels(), [](Pixel pixel) { return pixel != 0; });
             EXPECT_GT(count, 0) << int{i} << " at " << extent;
-            const bool straight = (glyph >= Glyph::kMinimize && glyph <= Glyph::kResetSize) || glyph == Glyph::kDash;
+            const bool straight = glyph >= Glyph::kMinimize && glyph <= Glyph::kResetSize;
             const auto soft =
                 std::ranges::count_if(picture.pixels(), [](Pixel pixel) { return pixel != 0 && pixel != 0xFFFFFFFF; });
             EXPECT_TRUE(!straight || soft == 0) << int{i} << " at " << extent;

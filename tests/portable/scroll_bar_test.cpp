@@ -159,6 +159,14 @@ TEST_F(ScrollBars, TurnWithTheWheel) {
                   each.handled);
         EXPECT_EQ(bar->value(), each.value) << each.steps;
     }
+    ScrollBar* const flat = tree->root().add<ScrollBar>(L"flat", Rect{0, 200, 100, 12}, false);
+    flat->setRange(960, 240, 10);
+    for (const bool rightToLeft : {false, true}) {
+        tree->setRightToLeft(rightToLeft);
+        flat->setValue(100);
+        tree->pointerWheel({.position = {50, 205}, .steps = 1, .horizontal = true});
+        EXPECT_EQ(flat->value(), rightToLeft ? 70 : 130) << "to the right";
+    }
     bar->setRange(100, 100);
     EXPECT_EQ(bar->value(), 0);
     EXPECT_FALSE(tree->pointerWheel({.position = {26, 50}, .steps = -1}));

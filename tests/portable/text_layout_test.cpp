@@ -67,6 +67,11 @@ TEST(TextLayout, BreaksLinesBetweenWords) {
         {L"\x30C7\x30FC\x30BF\x30FC", 3, L"\x30C7\x30FC|\x30BF\x30FC"},
         {L"vrai ? oui", 5, L"vrai|? oui"},
         {L"vrai ?", 6, L"vrai ?"},
+        {L"a na \x2019n b .exe", 5, L"a na|\x2019n b|.exe"},  // an apostrophe that begins a word
+        {L"ab (cd) ef", 6, L"ab|(cd)|ef"},
+        {L"\xFB01\xFB01 1.500,25", 8, L"\xFB01\xFB01|1.500,25"},
+        {L"\xD55C\xAD6D\xC5B4", 2, L"\xD55C\xAD6D|\xC5B4"},
+        {L"in\x00ADto", 3, L"in\x00AD|to"},
         {L"\xE01\xE02\xE40\xE01\xE02", 4, L"\xE01\xE02|\xE40\xE01\xE02"},  // a word of the dictionary
         {L"ab cd", 0, L"a|b|c|d"},
         {L"ab", -5, L"a|b"},

@@ -7,6 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "tavi/text/clusters.h"
+#include "tavi/text/font_fallback.h"
+#include "tavi/text/glyph_run_win32.h"
 #include "tavi/text/text_layout.h"
 
 namespace {
@@ -105,6 +108,56 @@ TEST(TextDrawing, AnEllipsisFitsInItsRoom) {
             EXPECT_TRUE(hasInk(canvas.pixels()));
         }
     }
+}
+
+// Units of 16 bits: a pair is one character for clusters, carets, lines and fonts.
+TEST(TextDrawing, SurrogatePairsAreNeverDivided) {
+    const std::wstring pair = L"\xD840\xDC0B";
+    const std::wstring text = L"a" + pair + L"\x301" + pair + L"\xD83D";
+    EXPECT_EQ(nextCluster(text, 1), 4U);
+    EXPECT_EQ(previousCluster(text, 6), 4U);
+    EXPECT_EQ(clusterStart(text, 2), 1U);
+    const TextLayout layout(text, formatOf());
+    EXPECT_EQ(layout.caretX(2), layout.caretX(1));
+    EXPECT_EQ(layout.visualNeighbor(1, true), 4U);
+    EXPECT_EQ(TextLayout(pair + pair, formatOf(TextFit::kWrap, 1)).lineCount(), 2U);
+    EXPECT_EQ(nextCluster(L"\xD83C\xDDE8\xD83C\xDDFFz", 0), 4U) << "a flag";
+    // In a font that has it; shown as missing, not left out, where none has.
+    EXPECT_TRUE(hasInk(picture(pair)));
+    EXPECT_NE(picture(pair), picture(L"\xD840\xDC89"));
+    EXPECT_TRUE(hasInk(picture(L"\xDB80\xDC00")));
+}
+
+// What is drawn where Windows lacks Uniscribe.
+TEST(TextDrawing, TheWholeTextIsOneRunWithoutUniscribe) {
+    const std::wstring text = L"Plain \x5D0\x5D1";
+    for (const bool rightToLeft : {false, true}) {
+        const ShapedText shaped =
+            shapePlainly(text, findFontFace(L"Segoe UI", {.family = L"Segoe UI", .points = 12}, 96), rightToLeft);
+        ASSERT_EQ(shaped.runs.size(), 1U);
+        ASSERT_EQ(shaped.units.size(), text.size());
+        const Canvas whole;
+        const Canvas parts;
+        drawRun(whole.device(), shaped.runs.front(), 0, 5, {10, 30}, 0xFFFFFF);
+        int32_t x = 10;
+        for (size_t i = 0; i < 5; ++i) {
+            drawRun(parts.device(), shaped.runs.front(), i, i + 1, {x, 30}, 0xFFFFFF);
+            x += shaped.units[i].advance;
+        }
+        EXPECT_TRUE(hasInk(whole.pixels()));
+        EXPECT_EQ(whole.pixels(), parts.pixels()) << "advances are those of the letters";
+    }
+}
+
+TEST(TextDrawing, AFontThatIsMissingHasASubstituteOfItsSize) {
+    EXPECT_TRUE(substituteFamilies(L"JetBrains Mono").contains(L"Consolas"));
+    EXPECT_EQ(substituteFamilies(L"Exo 2"), L"Segoe UI");
+    TextFormat format = formatOf();
+    format.font.family = L"Nobody Has Such A Mono";
+    const TextLayout thin(L"iiii", format);
+    EXPECT_EQ(thin.size().width, TextLayout(L"MMMM", format).size().width) << "one for code";
+    format.font.family = L"Cascadia Mono";
+    EXPECT_EQ(thin.size(), TextLayout(L"iiii", format).size());
 }
 
 TEST(TextDrawing, LinesAreAsHighAsTheFontsInThem) {

@@ -79,6 +79,8 @@ TEST_F(TaviMessageBox, EndsWithTheResultOfTheButtonThatIsClicked) {
     EXPECT_EQ(run([](HWND made) { click(made, -170); }), DialogResult::Yes);
     options.rightToLeft = true;
     EXPECT_EQ(run([](HWND made) { click(made, 60); }), DialogResult::Cancel) << "mirrored";
+    options.buttons.front().id = options.buttons.back().id = L"";
+    EXPECT_EQ(run([](HWND made) { click(made, 60); }), DialogResult::Cancel) << "ids need not tell them apart";
 }
 
 TEST_F(TaviMessageBox, StaysOpenForAButtonWithAnActionOfItsOwn) {

@@ -2,7 +2,10 @@
 """character_traits.py OUT: writes what tavi's text code has to know about each character of Unicode, as the body of an
 array that tavi/text/character_traits.cpp includes. Each number holds the first code point of a range above its low eleven
 bits, and in those the traits of tavi/text/character_traits.h: the cluster's four bits, the break's three, the word's and the
-direction's two each."""
+direction's two each.
+
+The same Python gives the same file; versions of Python bring different versions of Unicode, which differ in characters that
+were assigned lately. So it asks for one that knows at least the characters of Unicode 15."""
 import sys
 import unicodedata
 from pathlib import Path
@@ -47,8 +50,10 @@ PRECEDING_VOWELS = spread((0xE40, 0xE44), (0xEC0, 0xEC4))
 AFTER = {ord(c) for c in "-‐–—/\\|"} | {0x200B, 0xAD, 0xF0B, 0x1361}
 GLUE = {0xA0, 0x202F, 0x2007, 0x2011, 0x2060, 0xFEFF, 0xF0C, 0x200D}
 BLANKS = spread((0x2000, 0x2006), (0x2008, 0x200A)) | {0x09, 0x20, 0x1680, 0x205F, 0x3000}
-IDEOGRAPHS = spread((0x2E80, 0x2FFF), (0x3001, 0x30FF), (0x3105, 0x312F), (0x31A0, 0x4DBF), (0x4E00, 0xA4CF), (0xF900, 0xFAFF),
-                    (0xFE30, 0xFE4F), (0xFF01, 0xFF9F), (0x1B000, 0x1B2FF), (0x1F000, 0x1FAFF), (0x20000, 0x3FFFD))
+# Hangul with them: its readers are used to lines that end inside of words.
+IDEOGRAPHS = spread((0x1100, 0x11FF), (0x2E80, 0x2FFF), (0x3001, 0x30FF), (0x3105, 0x318F), (0x31A0, 0x4DBF), (0x4E00, 0xA4CF),
+                    (0xA960, 0xA97F), (0xAC00, 0xD7FF), (0xF900, 0xFAFF), (0xFE30, 0xFE4F), (0xFF01, 0xFFDC), (0x1B000, 0x1B2FF),
+                    (0x1F000, 0x1FAFF), (0x20000, 0x3FFFD))
 
 
 def cluster_of(c, category):
@@ -127,4 +132,7 @@ def main(out):
 if __name__ == "__main__":
     if len(sys.argv) != 2:
         sys.exit(__doc__)
+    if tuple(map(int, unicodedata.unidata_version.split("."))) < (15,):
+        sys.exit("character_traits.py: the characters of Unicode 15 are needed, this Python has those of " +
+                 unicodedata.unidata_version)
     main(Path(sys.argv[1]))
