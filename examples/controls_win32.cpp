@@ -6,9 +6,13 @@
 
 #include "tavi/controls/check_box.h"
 #include "tavi/controls/label.h"
+#include "tavi/controls/message_box.h"
 #include "tavi/controls/progress_bar.h"
 #include "tavi/controls/scroll_bar.h"
+#include "tavi/controls/select_box.h"
+#include "tavi/controls/text_input.h"
 #include "tavi/controls/themed_button.h"
+#include "tavi/controls/tooltip_look.h"
 #include "tavi/core/window.h"
 #include "tavi/core/window_tree.h"
 #include "tavi/theme/active_skin.h"
@@ -18,7 +22,7 @@ namespace {
 
 using tavi::Rect;
 
-constexpr tavi::Size kClient{720, 450};
+constexpr tavi::Size kClient{720, 500};
 constexpr int32_t kMargin = 20;
 
 // The hooks that a window calls, so that what comes and goes with the pointer can be seen at once.
@@ -122,6 +126,24 @@ void addBars(tavi::Panel& root, int32_t top) {
     }
 }
 
+// What is edited, and what opens a window of its own: a list, a message box on a popup with a title bar, a tooltip.
+void addFields(tavi::Window& window, HINSTANCE instance, int32_t top) {
+    tavi::Panel& root = window.root();
+    root.add<tavi::TextInput>(L"", Rect{kMargin, top, 200, 32}, L"")->setPlaceholder(L"Type here");
+    root.add<tavi::TextInput>(L"", Rect{kMargin + 210, top, 170, 32}, L"Can only be read")->setReadOnly(true);
+    root.add<tavi::SelectBox>(L"", Rect{kMargin + 390, top, 140, 32}, std::vector<std::wstring>{L"First", L"Second"})
+        ->select(0);
+    auto* const button = root.add<tavi::ThemedButton>(L"", Rect{kMargin + 540, top, 136, 32}, L"Message box");
+    button->setTooltip(L"Shows a question over this window");
+    button->pressed.connect([&window, instance](tavi::CommandEvent&) {
+        tavi::showMessageBox(instance, window.handle(),
+                             {.title = L"A question",
+                              .message = L"The box is as large as its message needs. Ctrl+C copies its texts.",
+                              .kind = tavi::MessageBoxKind::kQuestion,
+                              .buttons = {{.id = L"agreed", .caption = L"Agreed"}, tavi::cancelButton()}});
+    });
+}
+
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR, int) {
@@ -138,6 +160,8 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR, int) {
     addButtons(window.root(), 12);
     addTexts(window.root(), 248);
     addBars(window.root(), 252);
+    addFields(window, instance, 450);
+    tavi::useSkinForTooltips();
     if (!window.create({.title = L"The controls of tavi", .clientSize = kClient})) {
         return 1;
     }

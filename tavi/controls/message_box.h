@@ -13,8 +13,8 @@ namespace tavi {
 enum class MessageBoxKind { kInformation = 0, kWarning = 1, kError = 2, kQuestion = 3 };
 
 struct MessageBoxButton {
-    std::wstring id;
-    std::wstring caption;
+    std::wstring id = {};  // of its control, for tests and screen readers; may be empty
+    std::wstring caption = {};
     DialogResult result = DialogResult::Ok;
     // What it does instead of ending the box; the box stays.
     std::function<void(HWND box)> action = {};

@@ -153,7 +153,7 @@ void drawRun(HDC target, const ShapedRun& run, size_t begin, size_t end, Point o
     if (!glyphs.plainText.empty()) {
         const UINT options = run.level % 2 != 0 ? ETO_RTLREADING : 0U;
         ExtTextOutW(target, origin.x, origin.y, options, nullptr, glyphs.plainText.data() + begin,
-                    static_cast<UINT>(end - begin), nullptr);
+                    static_cast<UINT>(end - begin), glyphs.advances.data() + begin);
         return;
     }
     const GlyphRun::GlyphRange range = glyphs.glyphRange(begin - run.begin, end - run.begin);

@@ -24,7 +24,7 @@ struct GlyphRun {
     std::vector<GOFFSET> offsets = {};
     // For each unit of the run its first glyph in reading order.
     std::vector<WORD> clusters = {};
-    // Instead of glyphs where there is no Uniscribe: GDI's own idea of the text.
+    // Instead of glyphs where there is no Uniscribe: GDI's own idea of the text, with an advance for each of its units.
     std::wstring plainText = {};
 
     // The glyphs of units of the run, counted from its beginning, which glyphs of their own begin and end.

@@ -11,14 +11,15 @@ ShapedText shapePlainly(std::wstring_view text, const std::shared_ptr<const Font
     constexpr int kNoLimit = 0x7FFF'FFFF;
     GetTextExtentExPointW(device.with(face->handle()), text.data(), static_cast<int>(text.size()), kNoLimit, &fitting,
                           ends.data(), &size);
-    int before = 0;
-    for (const int end : ends) {
-        shaped.units.push_back({.advance = end - before, .divisible = true});
-        before = end;
-    }
     const auto run = std::make_shared<GlyphRun>();
     run->face = face;
     run->plainText = text;
+    int before = 0;
+    for (const int end : ends) {
+        shaped.units.push_back({.advance = end - before, .divisible = true});
+        run->advances.push_back(end - before);
+        before = end;
+    }
     shaped.runs.push_back({0, text.size(), rightToLeft ? uint8_t{1} : uint8_t{0}, run});
     return shaped;
 }
