@@ -5,9 +5,9 @@
 #include <objbase.h>
 #include <shobjidl.h>
 
-#include <algorithm>
-#include <cstdio>
+#include <cstdint>
 #include <span>
+#include <string>
 
 #include "base/win32/com.h"
 #include "base/win32/files.h"
@@ -25,19 +25,26 @@ std::wstring environmentValue(const wchar_t* name) {
     return value;
 }
 
+// Eight digits. The printf family would bring its own formatting of numbers into each program.
+std::string hexadecimal(uint32_t value) {
+    std::string digits(8, '0');
+    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit, value >>= 4) {
+        *digit = "0123456789ABCDEF"[value & 0xF];
+    }
+    return digits;
+}
+
 void report(const wchar_t* step, HRESULT error) {
-    wchar_t line[160];
-    std::swprintf(line, std::size(line), L"[Tavi diagnostic] self-placement via %ls failed: 0x%08X\n", step,
-                  static_cast<unsigned>(error));
-    OutputDebugStringW(line);
+    const std::string code = hexadecimal(static_cast<uint32_t>(error));
+    const std::wstring line = std::wstring(L"[Tavi diagnostic] self-placement via ") + step + L" failed: 0x" +
+                              std::wstring(code.begin(), code.end()) + L"\n";
+    OutputDebugStringW(line.c_str());
     const std::wstring path = environmentValue(L"TAVI_TEST_DESKTOP_DIAGNOSTIC_PATH");
     const base::UniqueFile file =
         path.empty() ? base::UniqueFile() : base::openFile(path.c_str(), GENERIC_WRITE, 0, CREATE_ALWAYS);
     if (file) {
-        char text[64];
-        const int length = std::snprintf(text, sizeof(text), "tavi_test_desktop_placement_error=0x%08X\r\n",
-                                         static_cast<unsigned>(error));
-        base::writeAll(file.get(), std::as_bytes(std::span(text, static_cast<size_t>(std::max(length, 0)))));
+        const std::string text = "tavi_test_desktop_placement_error=0x" + code + "\r\n";
+        base::writeAll(file.get(), std::as_bytes(std::span(text)));
     }
 }
 
