@@ -17,12 +17,20 @@ SIZE_LIMIT = 1.5 * 1024 * 1024
 TEXTS_LIMIT = 2.5 * 1024 * 1024
 
 
-def bench_size():
-    pe = pefile.PE(str(BIN / "VelquinSetup.exe"))
-    payloads = 0
-    for kind in pe.DIRECTORY_ENTRY_RESOURCE.entries:
+def resource_sizes():
+    """Bytes of the payloads and of all other resources."""
+    payloads = others = 0
+    for kind in pefile.PE(str(BIN / "VelquinSetup.exe")).DIRECTORY_ENTRY_RESOURCE.entries:
+        size = sum(entry.directory.entries[0].data.struct.Size for entry in kind.directory.entries)
         if str(kind.name) == "TAVIPAYLOAD":
-            payloads = sum(entry.directory.entries[0].data.struct.Size for entry in kind.directory.entries)
+            payloads += size
+        else:
+            others += size
+    return payloads, others
+
+
+def bench_size():
+    payloads, _ = resource_sizes()
     total = (BIN / "VelquinSetup.exe").stat().st_size
     if not payloads:
         sys.exit("VelquinSetup.exe carries no payloads: the size says nothing")
@@ -65,12 +73,13 @@ def part_of(file):
 
 
 def print_parts():
-    """What each part of the program takes, from the linker's map."""
+    """What each part of the program takes, from the linker's map, and its resources but the payloads."""
     content = (BIN / "VelquinSetup.exe.map").read_text(encoding="utf-8", errors="replace")
     sizes = collections.Counter()
     for _, size, file in MAP_ENTRY.findall(content.split("\nLinker script and memory map", 1)[1]):
         sizes[part_of(file)] += int(size, 16)
     if "tavi/controls" not in sizes or "setup" not in sizes:
         sys.exit("the map of VelquinSetup.exe could not be read")
+    sizes["icon, manifest, version"] = resource_sizes()[1]
     for part, size in sizes.most_common():
         print(f"    {part:<30} {size / 1024:8,.0f} KiB")

@@ -1,7 +1,7 @@
 // start_timer JOB.txt OUT.txt: from the start of a process to the first frame that a person sees. JOB has the number of
 // rounds, then a line "TITLE|COMMAND LINE" for each program; they are started in turn. OUT gets a line a start: the
-// program's number, its microseconds until its window was no longer the empty screen, and the KiB of memory (working set) that it
-// had a moment later. "failed N" and nothing more when no window came.
+// program's number, its microseconds until its window was no longer the empty screen, and the KiB of memory (working
+// set) that it had a moment later. "failed N" and nothing more when no window came.
 #include <windows.h>
 
 #include <psapi.h>
