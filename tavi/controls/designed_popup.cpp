@@ -1,11 +1,11 @@
 #include "tavi/controls/designed_popup.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <utility>
 
 #include "tavi/controls/button_row.h"
 #include "tavi/theme/active_skin.h"
+#include "tavi/theme/contrast.h"
 #include "tavi/theme/surface_drawing.h"
 
 namespace tavi {
@@ -36,23 +36,17 @@ Rect textColumn(int32_t width) {
     return rectBetween(kTextLeft, 0, width - (width >= kWidePopup ? kTextLeft : kMargin), 0);
 }
 
-int lightness(Color color) {
-    return 2 * redOf(color) + 5 * greenOf(color) + blueOf(color);
-}
-
-// Of a skin's text and its ground the one that stands out more from a surface.
-Color standingOut(const SurfaceStyle& surface, const Theme& theme) {
-    const int below = surface.useGradient ? (lightness(surface.gradientStart) + lightness(surface.gradientEnd)) / 2
-                                          : lightness(surface.fill);
-    const auto contrast = [&](Color color) { return std::abs(lightness(color) - below); };
-    return contrast(theme.text) > contrast(theme.shell) ? theme.text : theme.shell;
+// Of a skin's text and its ground the one that can be read better on a surface.
+Color readableOn(const SurfaceStyle& surface, const Theme& theme) {
+    const Color below = surface.useGradient ? mixed(surface.gradientStart, surface.gradientEnd, 127) : surface.fill;
+    return contrast(theme.text, below) > contrast(theme.shell, below) ? theme.text : theme.shell;
 }
 
 // The badge is the skin's, but for signs with a meaning: they have the colors of the buttons with the same meaning.
 StyleLook badgeLook(Glyph sign) {
     const SkinDefinition& skin = activeSkin();
     StyleLook look = resolveStyle(skin, L"popup", L"default", SurfaceState::kNormal, L"icon");
-    look.text = standingOut(look.surface, skin.theme);
+    look.text = readableOn(look.surface, skin.theme);
     if (sign == Glyph::kError || sign == Glyph::kWarning) {
         const ButtonShape shape = look.surface.shape;
         look = resolveStyle(skin, L"button", sign == Glyph::kError ? L"danger" : L"warning", SurfaceState::kNormal);

@@ -1,29 +1,14 @@
 #include <algorithm>
-#include <cmath>
 
 #include "tavi/controls/text_input.h"
 #include "tavi/core/drawing.h"
 #include "tavi/theme/active_skin.h"
+#include "tavi/theme/contrast.h"
 
 namespace tavi {
 namespace {
 
 constexpr double kReadableContrast = 4.5;
-
-// Relative luminance and contrast ratio as WCAG 2 defines them.
-double luminance(Color color) {
-    const auto linear = [](int channel) {
-        const double share = channel / 255.0;
-        return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(redOf(color)) + 0.7152 * linear(greenOf(color)) + 0.0722 * linear(blueOf(color));
-}
-
-double contrast(Color a, Color b) {
-    const double first = luminance(a) + 0.05;
-    const double second = luminance(b) + 0.05;
-    return std::max(first, second) / std::min(first, second);
-}
 
 // The first of the theme's colors that can be read on `ground`, else the one that can be read best.
 Color readableOn(Color ground) {
