@@ -34,6 +34,8 @@ constexpr int32_t kBarHeight = 14;
 constexpr int32_t kLineGap = 8;
 constexpr int32_t kElapsedWidth = 64;
 
+constexpr int kLineWeight = 400;  // as light as a message, whatever the skin's captions have
+
 constexpr int32_t kSecond = 1000;  // milliseconds
 
 // The reason that Windows shows beside the program's name while it waits for it.
@@ -118,6 +120,9 @@ void ProgressWindow::addControls() {
     bar_->setAutomationName(heading_);
     step_ = root().add<tavi::Label>(L"setup-progress-step", tavi::Rect{}, L"");
     elapsed_ = root().add<tavi::Label>(L"setup-progress-elapsed", tavi::Rect{}, formatElapsed(0));
+    for (tavi::Label* const line : {step_, elapsed_}) {
+        line->setFontChange(0, kLineWeight);
+    }
     elapsed_->setAlign(tavi::TextAlign::kEnd);
     tavi::ChromeTitleBar* const chrome = addSetupChrome(*this, tavi::activeTheme(), kWidth, title());
     chrome->setButtonShown(tavi::CaptionButton::kClose, false);

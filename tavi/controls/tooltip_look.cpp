@@ -14,6 +14,8 @@ constexpr int32_t kWidestText = 360;
 constexpr Size kPadding{10, 7};
 constexpr int32_t kRailWidth = 3;
 
+constexpr int kTextWeight = 400;  // whatever the skin's captions have: this is for reading
+
 // A surface with a rail along the side where its text begins.
 class SkinTooltipPainter final : public TooltipPainter {
 public:
@@ -55,7 +57,7 @@ private:
     static TextLayout layoutOf(const TooltipContent& content) {
         const Theme& theme = activeTheme();
         return {content.text,
-                {.font = {theme.uiFontFamily, theme.uiPointSize, theme.uiWeight},
+                {.font = {theme.uiFontFamily, theme.uiPointSize, kTextWeight},
                  .dpi = content.dpi,
                  .rightToLeft = content.rightToLeft,
                  .fit = TextFit::kWrap,
