@@ -1,45 +1,20 @@
 #include "golden.h"
 
-#include <png.h>
-
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <optional>
 
+#include "golden_png.h"
+
 namespace tavi {
 namespace {
 
-constexpr uint32_t kFormat = PNG_FORMAT_BGRA;
 constexpr Pixel kOpaque = 0xFF000000;
 
-std::optional<PixelBuffer> readPng(const std::string& path) {
-    png_image image{};
-    image.version = PNG_IMAGE_VERSION;
-    if (png_image_begin_read_from_file(&image, path.c_str()) == 0) {
-        return std::nullopt;
-    }
-    image.format = kFormat;
-    PixelBuffer buffer({static_cast<int>(image.width), static_cast<int>(image.height)});
-    if (png_image_finish_read(&image, nullptr, buffer.pixels().data(), 0, nullptr) == 0) {
-        return std::nullopt;
-    }
-    return buffer;
-}
-
-bool writePng(const std::string& path, const PixelBuffer& buffer) {
+bool write(const std::string& path, const PixelBuffer& picture) {
     std::filesystem::create_directories(std::filesystem::path(path).parent_path());
-    png_image image{};
-    image.version = PNG_IMAGE_VERSION;
-    image.width = static_cast<uint32_t>(buffer.size().width);
-    image.height = static_cast<uint32_t>(buffer.size().height);
-    image.format = PNG_FORMAT_BGR;
-    std::vector<uint8_t> bytes;
-    for (const Pixel pixel : buffer.pixels()) {
-        bytes.insert(bytes.end(), {static_cast<uint8_t>(pixel), static_cast<uint8_t>(pixel >> 8),
-                                   static_cast<uint8_t>(pixel >> 16)});
-    }
-    return png_image_write_to_file(&image, path.c_str(), 0, bytes.data(), 0, nullptr) != 0;
+    return writeGoldenPng(path, picture);
 }
 
 int channel(Pixel pixel, int shift) {
@@ -65,32 +40,32 @@ PixelBuffer differences(const PixelBuffer& a, const PixelBuffer& b, int toleranc
 
 }  // namespace
 
-testing::AssertionResult equalsGolden(const std::string& name, const PixelBuffer& picture, int tolerance,
-                                      const GoldenFolders& folders, bool write) {
+testing::AssertionResult equalsGolden(const std::string& name, const PixelBuffer& picture, GoldenTolerance tolerance,
+                                      const GoldenFolders& folders, bool anew) {
     const std::string expectedPath = folders.expected + "/" + name + ".png";
     const std::string actualPath = folders.found + "/" + name + ".actual.png";
-    if (write) {
+    if (anew) {
         return testing::AssertionFailure()
-               << (writePng(expectedPath, picture) ? "written: " : "cannot be written: ") << expectedPath;
+               << (write(expectedPath, picture) ? "written: " : "cannot be written: ") << expectedPath;
     }
-    const std::optional<PixelBuffer> expected = readPng(expectedPath);
+    const std::optional<PixelBuffer> expected = readGoldenPng(expectedPath);
     if (!expected || expected->size() != picture.size()) {
-        writePng(actualPath, picture);
+        write(actualPath, picture);
         return testing::AssertionFailure()
                << expectedPath << (expected ? " has another size" : " cannot be read") << "; see " << actualPath;
     }
     size_t count = 0;
-    const PixelBuffer shown = differences(*expected, picture, tolerance, count);
-    if (count == 0) {
+    const PixelBuffer shown = differences(*expected, picture, tolerance.levels, count);
+    if (count <= tolerance.pixels) {
         return testing::AssertionSuccess();
     }
-    writePng(actualPath, picture);
-    writePng(folders.found + "/" + name + ".difference.png", shown);
+    write(actualPath, picture);
+    write(folders.found + "/" + name + ".difference.png", shown);
     return testing::AssertionFailure() << count << " pixels differ from " << expectedPath << "; see " << actualPath
                                        << " and the picture of the differences beside it";
 }
 
-testing::AssertionResult equalsGolden(const std::string& name, const PixelBuffer& picture, int tolerance) {
+testing::AssertionResult equalsGolden(const std::string& name, const PixelBuffer& picture, GoldenTolerance tolerance) {
     const char* const write = std::getenv("VELQUIN_WRITE_GOLDEN");
     return equalsGolden(name, picture, tolerance, {VELQUIN_GOLDEN, VELQUIN_GOLDEN_FOUND},
                         write != nullptr && std::strcmp(write, "1") == 0);

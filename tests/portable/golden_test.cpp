@@ -92,17 +92,18 @@ TEST(GoldenComparer, TellsWhatDiffers) {
     const GoldenFolders folders{folder + "/expected", folder + "/found"};
     const auto exists = [&](const char* name) { return std::filesystem::exists(folder + name); };
     PixelBuffer picture = sheet({5, 4});
-    EXPECT_FALSE(equalsGolden("a", picture, 2, folders, false));  // none yet
+    EXPECT_FALSE(equalsGolden("a", picture, {2}, folders, false));  // none yet
     EXPECT_TRUE(exists("/found/a.actual.png"));
-    EXPECT_FALSE(equalsGolden("a", picture, 2, folders, true));
-    EXPECT_TRUE(equalsGolden("a", picture, 0, folders, false));
+    EXPECT_FALSE(equalsGolden("a", picture, {2}, folders, true));
+    EXPECT_TRUE(equalsGolden("a", picture, {0}, folders, false));
     picture.view().row(3)[4] += 2;
-    EXPECT_TRUE(equalsGolden("a", picture, 2, folders, false));
+    EXPECT_TRUE(equalsGolden("a", picture, {2}, folders, false));
     EXPECT_FALSE(exists("/found/a.difference.png"));
     picture.view().row(3)[4] += 1;
-    EXPECT_FALSE(equalsGolden("a", picture, 2, folders, false));
+    EXPECT_FALSE(equalsGolden("a", picture, {2}, folders, false));
     EXPECT_TRUE(exists("/found/a.difference.png"));
-    EXPECT_FALSE(equalsGolden("a", sheet({4, 5}), 255, folders, false));
+    EXPECT_TRUE(equalsGolden("a", picture, {2, 1}, folders, false));
+    EXPECT_FALSE(equalsGolden("a", sheet({4, 5}), {255}, folders, false));
     std::filesystem::remove_all(folder);
 }
 

@@ -112,6 +112,9 @@ command_gallery() { # [FILE.json]
   build win64
   with_display python3 "$repo/tools/gallery/windows.py" "$repo/out/windows.png"
   with_display python3 "$repo/tools/gallery/skins.py" "$repo/out/gallery" "$repo/resources/skins"
+  # The setup's windows as the tests expect them.
+  montage "$repo"/tests/golden/dialog/*.png -background '#46484c' -fill '#e4e6ea' -label '%t' -tile 6x -geometry '345x>+8+8' \
+    "$repo/out/gallery/dialogs.png"
   say "written: out/gallery.png, out/windows.png and the pictures in out/windows and out/gallery"
 }
 
