@@ -88,11 +88,15 @@ void SelectBox::open() {
     if (isOpen() || items_.empty() || frame == nullptr || !usable()) {
         return;
     }
+    // The keyboard's keys go where the focus is, and its loss closes the list.
+    const WeakControl self(*this);
+    if (!window()->setFocus(this) || !self || isOpen() || window() == nullptr) {
+        return;
+    }
     auto content = std::make_unique<SelectList>(items_, selected_, [this](int32_t index) { choose(index); });
     content->setAppearance(appearance());
     SelectList* const list = content.get();
     const Rect field = fieldArea();
-    const WeakControl self(*this);
     std::unique_ptr<PopupWindow> popup =
         frame->openPopup({.anchor = frame->onScreen(field.offset(clientOrigin())),
                           .rightToLeft = window()->rightToLeft(),

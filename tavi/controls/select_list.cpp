@@ -10,8 +10,8 @@ namespace tavi {
 namespace {
 
 // Design pixels.
-constexpr int32_t kPadding = 4;     // around all rows
-constexpr int32_t kTextInset = 10;  // from the ends of a row
+constexpr int32_t kPadding = 4;    // around all rows
+constexpr int32_t kTextInset = 6;  // from the ends of a row; with the padding, as far as in the field
 constexpr int32_t kBarWidth = 14;
 
 constexpr int32_t kRowsEachNotch = 3;  // of the wheel

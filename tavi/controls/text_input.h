@@ -100,6 +100,8 @@ private:
     const TextLayout& line() const;
     int32_t caretWidth() const;
     int32_t lineLeft(const Rect& room) const;
+    Rect lettersIn(const Rect& room) const;
+    Rect onBaseline(const Rect& room, const TextLayout& layout) const;
     Rect lineRectangle(const Rect& room) const;
     Rect caretOnDevice() const;
     Rect inDesignPixels(const Rect& device) const;

@@ -58,7 +58,7 @@ bool TextInput::applies(Action action) const {
 
 // The field may be gone afterwards.
 void TextInput::perform(Action action) {
-    if (!applies(action)) {
+    if (window() == nullptr || !applies(action)) {
         return;
     }
     switch (action) {

@@ -43,8 +43,9 @@ Color groundOf(const SurfaceStyle& surface) {
 struct TextInput::Paper {
     HDC target;
     Point origin;
-    Rect room;  // for the text, and
-    Rect line;  // where it lies; device pixels
+    Rect room;     // for the text; device pixels, as
+    Rect line;     // where it lies and
+    Rect letters;  // where letters of the field's own font would
     Color text;
     Color ground;
 };
@@ -71,6 +72,7 @@ void TextInput::paint(HDC target, Point origin) {
                       .origin = origin,
                       .room = room,
                       .line = lineRectangle(room),
+                      .letters = lettersIn(room),
                       .text = look.text,
                       .ground = groundOf(look.surface)};
     // Letters may hang over a little.
@@ -89,7 +91,8 @@ void TextInput::paint(HDC target, Point origin) {
         paintSelection(paper);
     }
     if (focused_ && caretOn_) {
-        fillRect(target, {paper.line.x + line().caretX(shownCaret()), paper.line.y, caretWidth(), paper.line.height},
+        fillRect(target,
+                 {paper.line.x + line().caretX(shownCaret()), paper.letters.y, caretWidth(), paper.letters.height},
                  paper.text);
     }
     window()->popClip(target);
@@ -105,16 +108,22 @@ void TextInput::paintPlaceholder(const Paper& paper) {
     if (placeholderLine_.format() != wanted) {
         placeholderLine_ = TextLayout(placeholder_, wanted);
     }
-    placeholderLine_.draw(paper.target, paper.room, weakened(paper.text, paper.ground));
+    placeholderLine_.draw(paper.target, onBaseline(paper.room, placeholderLine_), weakened(paper.text, paper.ground));
 }
 
 // The selected text is drawn a second time, in another color on another ground. Both end on the same design pixel, as
-// clips do.
+// clips do. It stays in sight while the window is inactive, and goes with the focus.
 void TextInput::paintSelection(const Paper& paper) const {
-    const TextRange selected = editor_.selection();
+    const TextRange selected = focused_ || paused_ ? editor_.selection() : TextRange{};
     const Color accent = activeTheme().accent;
     const Color fill = focused_ ? accent : mixed(paper.ground, accent, 110);
     const Color text = readableOn(fill);
+    // As high as the line, but never over the field's edges.
+    constexpr int32_t kFromEdge = 3;
+    const int32_t inset = window()->scale().length(kFromEdge);
+    const int32_t top = std::min(paper.letters.y, std::max(paper.line.y, paper.room.y + inset));
+    const int32_t bottom =
+        std::max(paper.letters.bottom(), std::min(paper.line.bottom(), paper.room.bottom() - inset));
     const Scale& scale = window()->scale();
     const auto nearest = [&](int32_t device) {
         const int32_t design = scale.design(Point{device, 0}).x;
@@ -127,7 +136,7 @@ void TextInput::paintSelection(const Paper& paper) const {
         const Rect area = rectBetween(left, paper.origin.y, nearest(paper.line.x + span.right),
                                       int64_t{paper.origin.y} + localBounds().height);
         const Rect device = scale.device(area);
-        fillRect(paper.target, {device.x, paper.line.y, device.width, paper.line.height}, fill);
+        fillRect(paper.target, {device.x, top, device.width, bottom - top}, fill);
         window()->pushClip(paper.target, area);
         line().draw(paper.target, paper.line, text);
         window()->popClip(paper.target);
@@ -139,7 +148,7 @@ void TextInput::paintComposition(const Paper& paper) const {
     const int32_t thickness = caretWidth();
     for (const TextLayout::Span& span : line().spans(begin, begin + composition_.text.size())) {
         fillRect(paper.target,
-                 {paper.line.x + span.left, paper.line.bottom() - thickness, span.right - span.left, thickness},
+                 {paper.line.x + span.left, paper.letters.bottom() - thickness, span.right - span.left, thickness},
                  paper.text);
     }
 }

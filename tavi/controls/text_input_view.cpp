@@ -67,9 +67,21 @@ int32_t TextInput::lineLeft(const Rect& room) const {
     return -std::clamp(scroll_, 0, -free);
 }
 
+// Where letters of the field's own font stand; the caret is as high as this.
+Rect TextInput::lettersIn(const Rect& room) const {
+    const int32_t height = TextLayout({}, format({})).lineHeight();
+    return {room.x, room.y + (room.height - height) / 2, room.width, height};
+}
+
+// All texts stand on the baseline of that font: a character of another one, which may be higher, moves no other.
+Rect TextInput::onBaseline(const Rect& room, const TextLayout& layout) const {
+    const int32_t baseline = lettersIn(room).y + TextLayout({}, format({})).baseline();
+    return {room.x, baseline - layout.baseline(), room.width, layout.lineHeight()};
+}
+
 Rect TextInput::lineRectangle(const Rect& room) const {
-    const int32_t height = line().lineHeight();
-    return {room.x + lineLeft(room), room.y + (room.height - height) / 2, line().size().width, height};
+    const Rect stands = onBaseline(room, line());
+    return {room.x + lineLeft(room), stands.y, line().size().width, stands.height};
 }
 
 void TextInput::followCaret() {
@@ -84,8 +96,9 @@ void TextInput::followCaret() {
 }
 
 Rect TextInput::caretOnDevice() const {
-    const Rect lies = lineRectangle(deviceRect(textArea(), clientOrigin()));
-    return {lies.x + line().caretX(shownCaret()), lies.y, caretWidth(), lies.height};
+    const Rect room = deviceRect(textArea(), clientOrigin());
+    const Rect letters = lettersIn(room);
+    return {room.x + lineLeft(room) + line().caretX(shownCaret()), letters.y, caretWidth(), letters.height};
 }
 
 // The smallest area of the control around one of the device.

@@ -30,6 +30,7 @@ public:
         }
     }
     bool takes(const Message& message) const;
+    bool takesKeys() const { return takesKeys_; }
     void runUntil(const std::function<bool()>& done) override;
 
 protected:
@@ -164,6 +165,12 @@ WindowNative::Answer WindowNative::tellPopup(const Message& message) {
             // Its character comes when the pop-up window may have gone, and is none for this window.
             swallowsCharacter_ = true;
         }
+        return 0;
+    }
+    if (popup_->takesKeys() && message.number == WM_SYSKEYDOWN) {
+        // Alt and F10 close a menu and do nothing else.
+        popup_->close();
+        swallowsCharacter_ = true;
         return 0;
     }
     if (endsPopup(message)) {

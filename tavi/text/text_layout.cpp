@@ -147,6 +147,10 @@ int32_t TextLayout::lineHeight() const {
     return data_ ? data_->lineHeight : 0;
 }
 
+int32_t TextLayout::baseline() const {
+    return data_ ? data_->ascent : 0;
+}
+
 size_t TextLayout::lineCount() const {
     return data_ ? data_->lines.size() : 0;
 }

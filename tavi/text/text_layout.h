@@ -49,6 +49,8 @@ public:
     // Of all lines: the widest one, and the sum of their heights.
     Size size() const;
     int32_t lineHeight() const;
+    // From the top of a line to where its letters stand.
+    int32_t baseline() const;
     size_t lineCount() const;
     // Whether an ellipsis stands for a part of the text.
     bool isCut() const;
