@@ -122,8 +122,7 @@ void TextInput::paintSelection(const Paper& paper) const {
     constexpr int32_t kFromEdge = 3;
     const int32_t inset = window()->scale().length(kFromEdge);
     const int32_t top = std::min(paper.letters.y, std::max(paper.line.y, paper.room.y + inset));
-    const int32_t bottom =
-        std::max(paper.letters.bottom(), std::min(paper.line.bottom(), paper.room.bottom() - inset));
+    const int32_t bottom = std::max(paper.letters.bottom(), std::min(paper.line.bottom(), paper.room.bottom() - inset));
     const Scale& scale = window()->scale();
     const auto nearest = [&](int32_t device) {
         const int32_t design = scale.design(Point{device, 0}).x;

@@ -88,6 +88,10 @@ WindowNative::Answer WindowNative::onComposition(const Message& message) {
     swallowsCharacter_ = false;
     const bool handled =
         (message.lParam & GCS_COMPSTR) != 0 && tree_->compositionChanged(InputContext(handle_).composition());
+    // The list of candidates follows the caret.
+    if (const std::optional<Rect> caret = handle_ != nullptr ? tree_->caretRectangle() : std::nullopt) {
+        InputContext(handle_).placeAt(*caret);
+    }
     // What is finished comes as characters; Windows makes them.
     return handled && (message.lParam & GCS_RESULTSTR) == 0 ? Answer(0) : std::nullopt;
 }

@@ -143,6 +143,7 @@ TEST_F(TaviPopupWin32, AMenuIsChosenFromByKeysAndMouse) {
         {"a letter", [&](HWND) { key('A'); }, 3},
         {"the mouse", [&](HWND menu) { click(menu, {30, 15}); }, 0},
         {"Escape", [&](HWND) { key(VK_ESCAPE); }, std::nullopt},
+        {"Alt", [&](HWND) { key(VK_MENU); }, std::nullopt},
         {"a press beside it", [&](HWND) { click(window.handle(), {390, 290}); }, std::nullopt},
         {"the end of the thread's loop", [&](HWND) { PostQuitMessage(7); }, std::nullopt},
     };

@@ -1,6 +1,11 @@
 // The text field in a real window: keys and pointer as they come, the clipboard, the caret's timer.
+#include <windows.h>
+
+#include <imm.h>
+
 #include "tavi/controls/edit_menu_texts.h"
 #include "tavi/controls/text_input.h"
+#include "tavi/controls/themed_button.h"
 #include "tests/windows/window_support.h"
 
 namespace {
@@ -91,9 +96,111 @@ TEST_F(TextInputWin32, TheCaretBlinks) {
     EXPECT_TRUE(pumpUntil([&] { return pictureOf(window) == with; }));
 }
 
+// Ctrl and Alt together are AltGr: what a keyboard writes with them is text, not a shortcut.
+TEST_F(TextInputWin32, WritesWhatAltGrWrites) {
+    BYTE keys[256]{};
+    GetKeyboardState(keys);
+    const auto hold = [&](BYTE state) {
+        keys[VK_CONTROL] = keys[VK_MENU] = state;
+        SetKeyboardState(keys);
+    };
+    stroke(VK_END);
+    ASSERT_TRUE(pumpUntil([&] { return field->editor().selection().empty(); }));
+    const std::wstring before = field->text();
+    hold(0x80);
+    for (const auto& [key, character] : {std::pair{'A', L'\u0105'}, {'Z', L'\u017C'}, {'X', L'\u017A'}}) {
+        SendMessageW(window.handle(), WM_KEYDOWN, static_cast<WPARAM>(key), 1);
+        SendMessageW(window.handle(), WM_CHAR, character, 1);
+    }
+    hold(0);
+    EXPECT_EQ(field->text(), before + L"\u0105\u017C\u017A");
+}
+
+TEST_F(TextInputWin32, ReturnPressesTheDefaultButtonOnce) {
+    int pressed = 0;
+    auto* const button = window.root().add<ThemedButton>(L"ok", Rect{20, 60, 100, 32}, L"OK");
+    button->pressed.connect([&](CommandEvent&) { ++pressed; });
+    window.setDefaultControl(button);
+    std::vector<std::wstring> committed;
+    field->committed.connect([&](CommitEvent& event) { committed.push_back(event.text); });
+    type(L"E:\\x");
+    for (int held = 0; held < 3; ++held) {
+        sendKey(VK_RETURN, true);
+    }
+    sendKey(VK_RETURN, false);
+    EXPECT_TRUE(pumpUntil([&] { return pressed > 0; }));
+    pump(50);
+    EXPECT_EQ(pressed, 1);
+    EXPECT_EQ(committed, (std::vector<std::wstring>{L"E:\\x"}));
+    EXPECT_EQ(window.tree().focused(), field);
+}
+
+TEST_F(TextInputWin32, ReadOnlyItCanBeCopiedFrom) {
+    const std::wstring text = field->text();
+    field->setReadOnly(true);
+    stroke('A', true);
+    stroke('C', true);
+    type(L"no");
+    stroke(VK_BACK);
+    stroke('X', true);
+    stroke('V', true);
+    pump(100);
+    EXPECT_EQ(field->text(), text);
+    EXPECT_EQ(window.tree().clipboardText(), text);
+}
+
+TEST_F(TextInputWin32, APointerThatRestsBesideItScrolls) {
+    field->setText(L"C:\\" + std::wstring(100, L'x') + L"y");
+    stroke(VK_HOME);
+    pump(50);
+    sendMouse(window.handle(), {40, 36}, MOUSEEVENTF_LEFTDOWN);
+    sendMouse(window.handle(), {390, 36}, 0);
+    EXPECT_TRUE(pumpUntil([&] { return field->editor().caret() == field->text().size(); }));
+    sendMouse(window.handle(), {390, 36}, MOUSEEVENTF_LEFTUP);
+    pump(50);
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_TRUE(field->editor().selectedText().ends_with(L"xy"));
+}
+
+TEST_F(TextInputWin32, PastesALineByTheMenuOfTheKeyboard) {
+    window.tree().copyText(L"D:\\one\r\n two");
+    stroke('A', true);
+    sendKey(VK_SHIFT, true);
+    stroke(VK_F10);
+    sendKey(VK_SHIFT, false);
+    // "Paste" by its letter, in the language that the menu has here.
+    type(editMenuTexts().paste.substr(0, 1));
+    EXPECT_TRUE(becomes(L"D:\\one  two"));
+    EXPECT_EQ(window.tree().focused(), field);
+    type(L"!");
+    EXPECT_TRUE(becomes(L"D:\\one  two!")) << "the keyboard is the field's again";
+}
+
+// The text of an input method, as its messages tell of it.
+TEST_F(TextInputWin32, TheCaretStandsInWhatIsComposed) {
+    stroke(VK_END);
+    pump(50);
+    const std::optional<Rect> before = window.tree().caretRectangle();
+    window.tree().compositionChanged({L"\u3042\u3044", 2});
+    const std::optional<Rect> after = window.tree().caretRectangle();
+    ASSERT_TRUE(before && after);
+    EXPECT_GT(after->x, before->x);
+    EXPECT_EQ(after->y, before->y) << "another font does not move the line";
+    EXPECT_EQ(after->height, before->height);
+    COMPOSITIONFORM form{};
+    const HIMC context = ImmGetContext(window.handle());
+    ASSERT_NE(context, nullptr);
+    SendMessageW(window.handle(), WM_IME_COMPOSITION, 0, 0);
+    ASSERT_TRUE(ImmGetCompositionWindow(context, &form));
+    ImmReleaseContext(window.handle(), context);
+    EXPECT_EQ(form.ptCurrentPos.x, after->x);
+    EXPECT_EQ(form.ptCurrentPos.y, after->y);
+}
+
+// The wording is Windows', also in English: its "Select All" is not what stands in for a menu that is missing.
 TEST(EditMenuTextsWin32, ComeFromWindows) {
-    // Their wording is Windows'; that the menu is there at all shows in what is not the default.
     const EditMenuTexts texts = editMenuTexts();
+    EXPECT_NE(texts, EditMenuTexts{}) << "the stand-in";
     for (const std::wstring& text : {texts.undo, texts.cut, texts.copy, texts.paste, texts.erase, texts.selectAll}) {
         EXPECT_FALSE(text.empty());
         EXPECT_EQ(text.find_first_of(L"&\t"), std::wstring::npos) << testing::PrintToString(text);
