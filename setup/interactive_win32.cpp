@@ -1,5 +1,7 @@
 #include <windows.h>
 
+#include "base/text.h"
+#include "base/windows_path.h"
 #include "core/configuration.h"
 #include "core/log.h"
 #include "core/product_paths.h"
@@ -28,7 +30,10 @@ public:
         writeSetupLog(L"setup dialog closed: action=" + std::to_wstring(static_cast<int>(choice.action)));
         return choice;
     }
-    std::wstring resolveInstallDir(const std::wstring& requested) override { return normalizePathText(requested); }
+    // What is no full path would be looked up in the folder where the program happens to stand.
+    std::wstring resolveInstallDir(const std::wstring& requested) override {
+        return base::isFullyQualified(base::trimmed(requested)) ? normalizePathText(requested) : std::wstring();
+    }
     bool desktopShortcutExists() override { return setup::desktopShortcutExists(); }
     bool readStartupRegistration() override { return setup::readStartupRegistration(); }
     bool installProduct(SetupAction action, bool desktopShortcut, bool startWithWindows,

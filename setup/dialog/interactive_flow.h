@@ -12,7 +12,7 @@ class InteractiveSteps {
 public:
     virtual bool isProductInstalled() = 0;
     virtual SetupChoice showSetupChoice(bool installed) = 0;
-    // The folder that was asked for, normalised; empty when there is none in the text.
+    // The folder that was asked for, normalised; empty when the text is no full path.
     virtual std::wstring resolveInstallDir(const std::wstring& requested) = 0;
     virtual bool desktopShortcutExists() = 0;
     virtual bool readStartupRegistration() = 0;

@@ -1,8 +1,10 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <chrono>
 #include <exception>
 #include <optional>
+#include <semaphore>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -37,6 +39,8 @@ constexpr int32_t kElapsedWidth = 64;
 constexpr int kLineWeight = 400;  // as light as a message, whatever the skin's captions have
 
 constexpr int32_t kSecond = 1000;  // milliseconds
+// A flow that is over sooner shows no window: one that comes and goes in a blink looks like a fault.
+constexpr std::chrono::milliseconds kPatience{300};
 
 // The reason that Windows shows beside the program's name while it waits for it.
 void blockShutdown(HWND window, const std::wstring& reason) {
@@ -203,18 +207,24 @@ bool runWithProgress(HINSTANCE instance, const ProductConfig& config, SetupActio
     if (!window.open()) {
         return runFlow(flow);
     }
+    const StepObserver observer(window);
     bool ok = false;
+    std::binary_semaphore ended(0);
+    std::jthread worker;  // the last of all that it uses, so that an exception waits for it
     try {
-        const StepObserver observer(window);
-        // Joined at the end of the block, whatever ended the loop.
-        const std::jthread worker([&] {
+        worker = std::jthread([&] {
             ok = runFlow(flow);
+            ended.release();
             window.post([&window] { window.finish(); });
         });
-        window.runModal();
     } catch (const std::system_error&) {
-        ok = runFlow(flow);  // there was no thread to be had
+        return runFlow(flow);  // there was no thread to be had
     }
+    if (!ended.try_acquire_for(kPatience)) {
+        window.runModal();
+    }
+    // Also when something else has ended the loop.
+    worker.join();
     return ok;
 }
 

@@ -7,6 +7,7 @@ import pytest
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools" / "wine"))
 from machine import BIN, Machine  # noqa: E402
+from screen import Screen  # noqa: E402
 from update_host import Authority, Client  # noqa: E402
 
 
@@ -16,6 +17,16 @@ def machine(request):
     yield made
     print("setup log:", *made.log(), sep="\n  ")
     made.stop()
+
+
+@pytest.fixture(scope="module")
+def screen(tmp_path_factory):
+    """A screen of its own for the programs of a file's tests from the first test on that asks for it."""
+    with pytest.MonkeyPatch.context() as patch:
+        made = Screen(tmp_path_factory.mktemp("screen"))
+        patch.setenv("DISPLAY", made.display)
+        yield made
+        made.close()
 
 
 @pytest.fixture

@@ -6,13 +6,15 @@ import subprocess
 import pytest
 
 from product import *  # noqa: F403
+from screen import Person
 
 # Names under which planted DLLs are tried: what the setup loads itself, what Windows loads into programs behind their
 # back, and classics. DLLs that Windows pins (KnownDLLs) are not among them: Wine pins none.
 DLLS = ["msi", "version", "winhttp", "uxtheme", "dwmapi", "propsys", "profapi", "cryptbase", "userenv", "urlmon",
         "netapi32", "secur32", "wtsapi32", "apphelp", "comctl32", "linkinfo", "ntmarta", "windowscodecs",
         "bcrypt", "mpr", "cryptsp", "rsaenh", "crypt32", "msasn1", "dnsapi", "iphlpapi", "mswsock", "schannel", "ncrypt",
-        "webio", "winnsi", "dhcpcsvc", "msimg32"]
+        "webio", "winnsi", "dhcpcsvc", "msimg32", "usp10", "oleacc", "uiautomationcore", "d2d1", "dwrite",
+        "explorerframe", "xmllite", "actxprxy"]
 # Loading beside the program has to be allowed first; Wine does not do it by itself.
 PREFER_PLANTED = {"WINEDLLOVERRIDES": ",".join(DLLS) + "=n,b;winemenubuilder.exe="}
 
@@ -54,6 +56,21 @@ def test_planted_dlls_and_programs_are_not_used(machine):
     assert machine.wait_for_worker()
     assert planted(machine) == []
     assert not machine.report()["products"]
+
+
+def test_the_dialog_uses_no_planted_dlls_and_programs(screen, machine):
+    """Texts of several scripts, the system's folder picker, an error box, and the log in Explorer."""
+    plant(machine, r"C:\downloads")
+    plant(machine, r"C:\current")
+    machine.put(BIN / "VelquinSetup.exe", r"C:\downloads\VelquinSetup.exe")
+    machine.environment |= PREFER_PLANTED
+    person = Person(machine).start(program=r"C:\downloads\VelquinSetup.exe", folder=r"C:\current")
+    person.act("window 20000 Lumora Velquin Setup", "click install-path-browse", "still 1500", "key Escape", "still 500",
+               "click3 install-path-input", "type سلام ไทย 漢字", "click install",
+               "window 20000 Invalid install folder", "click open-log", "still 1500",
+               "window 5000 Invalid install folder", "click ok", "gone 5000")
+    assert person.exit_code() == 4
+    assert planted(machine) == []
 
 
 def test_the_package_cannot_be_swapped_while_it_is_in_use(doubled):

@@ -8,6 +8,7 @@ namespace {
 using namespace velquin::test;
 using testing::ElementsAre;
 using velquin::setup::extractPayload;
+using velquin::setup::refreshPayload;
 
 constexpr int32_t kSample = 4001;
 constexpr int32_t kEmpty = 4002;
@@ -36,6 +37,34 @@ TEST_F(Payload, IsWrittenWholeOrNotAtAll) {
                             L"embedded payload extracted: " + target, L"embedded payload extracted: " + target,
                             L"embedded payload open failed: " + target, L"embedded payload open failed: " + folder_,
                             L"embedded payload missing: 3001", testing::StartsWith(L"MSI extract failed: ")));
+}
+
+TEST_F(Payload, IsRefreshedOnlyWhereItDiffersAndThroughNoLink) {
+    const std::wstring target = path(L"cache\\skins\\a.json");
+    const std::string_view sample("sample payload\0with a zero byte\xFF", 32);
+    EXPECT_FALSE(refreshPayload(kMissing, folder_, target));
+    EXPECT_TRUE(refreshPayload(kSample, folder_, target));
+    {
+        // Who only reads it is not in the way: it is not written again.
+        const base::UniqueFile reader = base::openFile(target, GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
+        EXPECT_TRUE(refreshPayload(kSample, folder_, target));
+    }
+    // As long as the payload, and with a second name that somebody else cares for.
+    writeFile(target, std::string(sample.size(), 'x'));
+    ASSERT_TRUE(CreateHardLinkW(path(L"precious").c_str(), target.c_str(), nullptr));
+    EXPECT_TRUE(refreshPayload(kSample, folder_, target));
+    EXPECT_EQ(readFile(target), sample);
+    EXPECT_EQ(readFile(path(L"precious")), std::string(sample.size(), 'x'));
+    const std::wstring extracted = L"embedded payload extracted: " + target;
+    EXPECT_THAT(log(), ElementsAre(L"embedded payload missing: 4003", extracted, extracted));
+
+    base::createFolders(path(L"elsewhere"));
+    if (!makeLink(L"linked", L"elsewhere")) {
+        GTEST_SKIP() << "this machine makes no links";
+    }
+    EXPECT_FALSE(refreshPayload(kSample, folder_, path(L"linked\\skins\\a.json")));
+    EXPECT_THAT(namesIn(path(L"elsewhere")), testing::IsEmpty());
+    EXPECT_EQ(log().back(), L"embedded payload refused, a link lies in its path: " + path(L"linked"));
 }
 
 TEST_F(Payload, FullDiskFails) {
