@@ -12,7 +12,6 @@
 #include "tavi/controls/tooltip_look.h"
 #include "tavi/theme/active_skin.h"
 #include "tavi/theme/enumeration_names.h"
-#include "tavi/theme/image.h"
 #include "tavi/theme/performance_profile.h"
 #include "tavi/theme/private_fonts.h"
 #include "tavi/theme/skin_catalog.h"
@@ -41,7 +40,6 @@ const std::wstring& skinFolder() {
     static const std::wstring kFolder = [] {
         std::wstring folder = refreshSkinCache();
         tavi::setSkinFolder(folder);
-        tavi::setPictureFolder(folder);
         tavi::useSkinForTooltips();
         return folder;
     }();
