@@ -25,7 +25,8 @@ def is_windows_file(path):
 
 def windows_problems(path):
     for name in INCLUDE.findall(text(path)):
-        if not is_windows_file(path) and (name.lower() in WINDOWS_HEADERS or "win32/" in name) and path.suffix == ".cpp":
+        is_windows = name.lower() in WINDOWS_HEADERS or "win32/" in name
+        if not is_windows_file(path) and ((is_windows and path.suffix == ".cpp") or name.endswith("_win32.h")):
             yield f"{path}: portable code includes {name}"
 
 
@@ -36,8 +37,8 @@ def problems_of(path):
         other = floor_of(name)
         if other and (other[0] > height or (other[0] == height and other[1] != folder)):
             yield f"{path}: includes {name} of a floor that is not below"
-        if name.lower() in WINDOWS_HEADERS and path.suffix == ".h" and "base/win32/" not in str(path):
-            yield f"{path}: a header outside base/win32 includes {name}"
+        if name.lower() in WINDOWS_HEADERS and path.suffix == ".h" and not is_windows_file(path):
+            yield f"{path}: a header for portable code includes {name}"
         if name in TOO_LARGE:
             yield f"{path}: <{name}> is too large for the shipped programs"
     if path.suffix == ".h":
