@@ -28,10 +28,13 @@ void WindowNative::copyText(const std::wstring& text) {
     if (memory == nullptr) {
         return;
     }
-    std::wmemcpy(static_cast<wchar_t*>(GlobalLock(memory)), text.c_str(), text.size() + 1);
-    GlobalUnlock(memory);
+    auto* const characters = static_cast<wchar_t*>(GlobalLock(memory));
+    if (characters != nullptr) {
+        std::wmemcpy(characters, text.c_str(), text.size() + 1);
+        GlobalUnlock(memory);
+    }
     bool given = false;
-    if (openClipboard(handle_)) {
+    if (characters != nullptr && openClipboard(handle_)) {
         given = EmptyClipboard() && SetClipboardData(CF_UNICODETEXT, memory) != nullptr;
         CloseClipboard();
     }
