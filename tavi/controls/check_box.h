@@ -24,6 +24,8 @@ public:
     bool matchesType(std::wstring_view type) const override { return type == L"checkbox"; }
     // The caption and whether it is ticked.
     void automationValue(std::wstring& value) const override;
+    // Space ticks it; Return is left to the window's default button.
+    bool activate() override { return false; }
     void paint(HDC target, Point origin) override;
     void releaseCaches() override;
     bool keyPress(KeyEvent& event) override;

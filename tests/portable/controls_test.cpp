@@ -92,7 +92,7 @@ protected:
 
 constexpr Rect kPlace{20, 20, 100, 32};
 
-// Clicks count inside, Space when it is let go, Return at once, each once; all else does nothing.
+// Clicks count inside, Space when it is let go, Return at once but not on a box, each once; all else does nothing.
 TEST_F(Controls, ArePressed) {
     constexpr std::pair<std::string_view, int> kCases[] = {
         {"idu", 1},  {"iduidu", 2}, {"idou", 0}, {"idoiu", 1}, {"irR", 0},   {"idrRu", 1},
@@ -119,7 +119,8 @@ TEST_F(Controls, ArePressed) {
             place<ThemedButton>(L"other", Rect{20, 100, 100, 32}, L"Other");
             tree->setFocus(control);
             perform(*control, acts);
-            EXPECT_EQ(presses, count) << acts << (isBox ? " box" : " button");
+            // Return on a box is for the default button, of which there is none here.
+            EXPECT_EQ(presses, isBox && acts == "n" ? 0 : count) << acts << (isBox ? " box" : " button");
         }
     }
 }

@@ -67,6 +67,13 @@ TEST_F(SetupDialogControls, ANewProductIsAskedForItsFolderAndOptions) {
     }
     EXPECT_EQ(order, (Log{L"install-path-input", L"install-path-browse", L"start-with-windows", L"desktop-shortcut",
                           L"install", L"close"}));
+    // Return on a box is the primary button's.
+    std::wstring chosen;
+    controls->popup().chosen.connect([&](CommandEvent& event) { chosen = event.command; });
+    tree->focus().setDefault(&controls->primaryButton());
+    tree->setFocus(&at<CheckBox>(kDesktopShortcutId));
+    key(key::kReturn);
+    EXPECT_EQ(chosen, L"install");
     // The boxes begin as the options are, and each tells of itself.
     DialogInput input = controls->input();
     EXPECT_EQ(input.startWithWindows, true);
