@@ -28,7 +28,6 @@ public:
     Control* pointerOwner() const override { return nullptr; }
     bool setFocus(Control*) override { return false; }
     Control* focused() const override { return nullptr; }
-    bool activateDefault() override { return false; }
     Control* hovered() const override { return nullptr; }
     void setControlTimer(Control&, int32_t, std::function<void()>) override {}
     void copyText(const std::wstring&) override {}

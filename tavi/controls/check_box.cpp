@@ -70,15 +70,6 @@ void CheckBox::paint(HDC target, Point origin) {
     caption_.fitted(*this, this->text(), looks_.font(*this), TextFit::kWrap, room.size()).draw(target, room, text);
 }
 
-// Return belongs to the window's default button, which people press without looking where the focus is. Where there is
-// none it acts here.
-bool CheckBox::keyPress(KeyEvent& event) {
-    if (event.code == key::kReturn && !event.wasDown && (event.modifiers & (kControlKey | kAlt)) == 0) {
-        return window()->activateDefault();
-    }
-    return Pressable::keyPress(event);
-}
-
 void CheckBox::releaseCaches() {
     looks_.forget();
     caption_.forget();

@@ -28,7 +28,6 @@ public:
     bool activate() override { return false; }
     void paint(HDC target, Point origin) override;
     void releaseCaches() override;
-    bool keyPress(KeyEvent& event) override;
 
 protected:
     void act() override { setChecked(!checked_); }

@@ -201,9 +201,10 @@ bool SelectBox::keyPress(KeyEvent& event) {
                 type(L" ");
                 return true;
             }
-            return !event.wasDown && ((!isOpen() && window()->activateDefault()) || activate());
-        case key::kReturn:
-            return !event.wasDown && activate();
+            if (!event.wasDown && !activate()) {
+                open();
+            }
+            return true;
         case key::kEscape:
             if (!isOpen()) {
                 return false;
@@ -215,11 +216,12 @@ bool SelectBox::keyPress(KeyEvent& event) {
     }
 }
 
-// Opens the list, or chooses its hot row.
+// Chooses the hot row of the open list. A closed one leaves Return to the window's default button.
 bool SelectBox::activate() {
     if (!isOpen()) {
-        open();
-    } else if (const int32_t hot = dropDown_->list->hot(); hot >= 0) {
+        return false;
+    }
+    if (const int32_t hot = dropDown_->list->hot(); hot >= 0) {
         choose(hot);
     } else {
         close();

@@ -146,7 +146,7 @@ bool FocusPolicy::act(const KeyEvent& event) {
             // A held key does not press a button again and again, but it may be typing.
             return !event.wasDown && activate(focused_.get());
         case key::kReturn:
-            return !event.wasDown && (activate(focused_.get()) || activateDefault());
+            return !event.wasDown && (activate(focused_.get()) || activate(default_.get()));
         case key::kEscape:
             // A cancel control that is disabled means that there is no way out now.
             if (!event.wasDown && !cancel_) {

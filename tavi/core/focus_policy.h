@@ -29,7 +29,6 @@ public:
     void setDefault(Control* control) { default_.set(control); }
     void setCancel(Control* control) { cancel_.set(control); }
     Control* defaultControl() const { return default_.get(); }
-    bool activateDefault() { return activate(default_.get()); }
 
     // The window has got or lost the keyboard. The focus stays where it is and is told.
     void windowActivated(bool active);

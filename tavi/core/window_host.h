@@ -42,9 +42,6 @@ public:
     // Moves the focus; null takes it from everything. False when the control cannot have it now.
     virtual bool setFocus(Control* control) = 0;
     virtual Control* focused() const = 0;
-    // What Return does where nothing else takes it: presses the window's default control. False when there is none, or it
-    // is disabled. A field or a check box with the focus passes Return on to it.
-    virtual bool activateDefault() = 0;
     // The control that the pointer is over, the innermost one.
     virtual Control* hovered() const = 0;
 

@@ -294,11 +294,6 @@ bool WindowTree::setFocus(Control* control) {
     return focus_.set(control);
 }
 
-bool WindowTree::activateDefault() {
-    const std::shared_ptr<WindowTree> keep = shared_from_this();
-    return focus_.activateDefault();
-}
-
 void WindowTree::setControlTimer(Control& control, int32_t milliseconds, std::function<void()> tick) {
     if (!closed_) {
         timers_.set(control, milliseconds, std::move(tick));

@@ -91,7 +91,6 @@ public:
     Control* pointerOwner() const override { return pointer_.owner(); }
     bool setFocus(Control* control) override;
     Control* focused() const override { return focus_.focused(); }
-    bool activateDefault() override;
     Control* hovered() const override { return pointer_.hovered(); }
     void setControlTimer(Control& control, int32_t milliseconds, std::function<void()> tick) override;
     void copyText(const std::wstring& text) override { platform_.copyText(text); }

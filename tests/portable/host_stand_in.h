@@ -58,7 +58,6 @@ public:
     tavi::Control* pointerOwner() const override { return owner; }
     bool setFocus(tavi::Control* control) override { return (focus = control) != nullptr; }
     tavi::Control* focused() const override { return focus; }
-    bool activateDefault() override { return false; }
     tavi::Control* hovered() const override { return nullptr; }
     void setControlTimer(tavi::Control&, int32_t, std::function<void()>) override {}
     void copyText(const std::wstring&) override {}

@@ -1,5 +1,6 @@
-// person SCRIPT.txt OUT.txt: a person at the machine, who sees windows and acts on them with mouse and keyboard, by real
-// input. A step a line; what a step finds is a line of OUT, and the first step that fails ends it with "failed: …".
+// person SCRIPT.txt OUT.txt: a person at the machine, who sees windows and acts on them with mouse and keyboard, by
+// real input. A step a line; what a step finds is a line of OUT, and the first step that fails ends it with "failed:
+// …".
 //
 //     window MS TITLE     waits for a window of the UI framework with that title and looks at it from now on
 //     gone MS             waits until that window is gone
@@ -10,8 +11,8 @@
 //     type TEXT           types characters
 //     still MS            does nothing
 //
-// A control is found by what is on the screen: the pointer goes over the window, and where it rests the framework's debug
-// overlay (Ctrl+F12) tells with F12 which control lies there.
+// A control is found by what is on the screen: the pointer goes over the window, and where it rests the framework's
+// debug overlay (Ctrl+F12) tells with F12 which control lies there.
 #include <windows.h>
 
 #include <algorithm>
@@ -34,9 +35,10 @@ struct KeyName {
     const wchar_t* name;
     WORD code;
 };
-constexpr KeyName kKeys[] = {{L"Return", VK_RETURN}, {L"Escape", VK_ESCAPE}, {L"Tab", VK_TAB},    {L"Space", VK_SPACE},
-                             {L"F4", VK_F4},         {L"F12", VK_F12},       {L"Delete", VK_DELETE}, {L"Home", VK_HOME},
-                             {L"End", VK_END},       {L"ctrl", VK_CONTROL},  {L"shift", VK_SHIFT},   {L"alt", VK_MENU}};
+constexpr KeyName kKeys[] = {{L"Return", VK_RETURN}, {L"Escape", VK_ESCAPE}, {L"Tab", VK_TAB},
+                             {L"Space", VK_SPACE},   {L"F4", VK_F4},         {L"F12", VK_F12},
+                             {L"Delete", VK_DELETE}, {L"Home", VK_HOME},     {L"End", VK_END},
+                             {L"ctrl", VK_CONTROL},  {L"shift", VK_SHIFT},   {L"alt", VK_MENU}};
 
 WORD keyCode(const std::wstring& name) {
     const auto* const found = std::ranges::find_if(kKeys, [&](const KeyName& key) { return name == key.name; });
@@ -257,8 +259,9 @@ private:
         for (int y = device(10); y < client.bottom; y += device(kStepY)) {
             for (int x = device(14); x < client.right; x += device(kStepX)) {
                 const POINT at{x, y};
-                const bool known = std::ranges::any_of(
-                    controls_, [&](const auto& entry) { return entry.second.isSingle && PtInRect(&entry.second.area, at); });
+                const bool known = std::ranges::any_of(controls_, [&](const auto& entry) {
+                    return entry.second.isSingle && PtInRect(&entry.second.area, at);
+                });
                 if (known) {
                     continue;
                 }
