@@ -148,6 +148,9 @@ StyleLook derivedLook(const SkinDefinition& skin, const StylePart& part, std::ws
     style.border = part.role == SurfaceRole::kAccent ? theme.accentHot : theme.border;
     style.glow = style.outline = theme.accent;
     style.shadowOffsetY = std::max(role.shadow, 1);
+    if (part.controlType == L"checkbox") {
+        style.border = mixed(style.border, theme.text, 96);  // one that is not ticked is little more than its border
+    }
     tint(style, theme, part, variant);
     sculpt(style, mode, role.relief);
     style.showShadow = mode.casts && role.shadow > 0;
