@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "base/text.h"
-#include "tavi/controls/list_keys.h"
 #include "tavi/theme/surface_drawing.h"
 
 namespace tavi {
@@ -173,17 +172,17 @@ bool MenuPanel::pointerRelease(PointerEvent& event) {
 
 bool MenuPanel::keyPress(KeyEvent& event) {
     switch (event.code) {
-        case list_key::kDown:
+        case key::kDown:
         case key::kTab:
             setHot(stepFrom(hot_, true));
             return true;
-        case list_key::kUp:
+        case key::kUp:
             setHot(stepFrom(hot_, false));
             return true;
-        case list_key::kHome:
+        case key::kHome:
             setHot(stepFrom(std::nullopt, true));
             return true;
-        case list_key::kEnd:
+        case key::kEnd:
             setHot(stepFrom(std::nullopt, false));
             return true;
         case key::kReturn:

@@ -6,7 +6,6 @@
 
 #include "base/text.h"
 #include "tavi/controls/glyphs.h"
-#include "tavi/controls/list_keys.h"
 #include "tavi/controls/select_list.h"
 #include "tavi/core/window_frame.h"
 
@@ -160,17 +159,17 @@ void SelectBox::moveTo(int32_t index) {
 std::optional<int32_t> SelectBox::target(uint32_t code) const {
     const int32_t page = isOpen() ? dropDown_->list->rowsInSight() : kMostListRows;
     switch (code) {
-        case list_key::kUp:
+        case key::kUp:
             return current() - 1;
-        case list_key::kDown:
+        case key::kDown:
             return current() + 1;
-        case list_key::kPageUp:
+        case key::kPageUp:
             return current() - page;
-        case list_key::kPageDown:
+        case key::kPageDown:
             return current() + page;
-        case list_key::kHome:
+        case key::kHome:
             return 0;
-        case list_key::kEnd:
+        case key::kEnd:
             return static_cast<int32_t>(items_.size()) - 1;
         default:
             return std::nullopt;
@@ -181,7 +180,7 @@ bool SelectBox::keyPress(KeyEvent& event) {
     if ((event.modifiers & kControlKey) != 0) {
         return false;
     }
-    const bool isVertical = event.code == list_key::kUp || event.code == list_key::kDown;
+    const bool isVertical = event.code == key::kUp || event.code == key::kDown;
     if ((event.modifiers & kAlt) != 0) {
         if (isVertical && !event.wasDown) {
             toggle();
@@ -193,7 +192,7 @@ bool SelectBox::keyPress(KeyEvent& event) {
         return true;
     }
     switch (event.code) {
-        case list_key::kF4:
+        case key::kF4:
             toggle();
             return true;
         case key::kSpace:

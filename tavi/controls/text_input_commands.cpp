@@ -11,28 +11,17 @@
 namespace tavi {
 namespace {
 
-// Virtual-key codes.
-constexpr uint32_t kBackspace = 0x08;
-constexpr uint32_t kEnd = 0x23;
-constexpr uint32_t kHome = 0x24;
-constexpr uint32_t kLeft = 0x25;
-constexpr uint32_t kRight = 0x27;
-constexpr uint32_t kInsert = 0x2D;
-constexpr uint32_t kDelete = 0x2E;
-constexpr uint32_t kMenu = 0x5D;
-constexpr uint32_t kF10 = 0x79;
-
 struct Erasure {
     uint32_t code;
     uint32_t modifiers;
     TextStep step;
     bool forward;
 };
-constexpr Erasure kErasures[] = {{kBackspace, kNoModifier, TextStep::kCluster, false},
-                                 {kBackspace, kShift, TextStep::kCluster, false},
-                                 {kBackspace, kControlKey, TextStep::kWord, false},
-                                 {kDelete, kNoModifier, TextStep::kCluster, true},
-                                 {kDelete, kControlKey, TextStep::kWord, true}};
+constexpr Erasure kErasures[] = {{key::kBackspace, kNoModifier, TextStep::kCluster, false},
+                                 {key::kBackspace, kShift, TextStep::kCluster, false},
+                                 {key::kBackspace, kControlKey, TextStep::kWord, false},
+                                 {key::kDelete, kNoModifier, TextStep::kCluster, true},
+                                 {key::kDelete, kControlKey, TextStep::kWord, true}};
 
 }  // namespace
 
@@ -131,13 +120,13 @@ void TextInput::moveAcross(bool toTheRight, bool extend) {
 bool TextInput::moveByKey(const KeyEvent& event) {
     const bool extend = (event.modifiers & kShift) != 0;
     const bool byWords = (event.modifiers & kControlKey) != 0;
-    const bool toTheRight = event.code == kRight;
+    const bool toTheRight = event.code == key::kRight;
     if ((event.modifiers & kAlt) != 0) {
         return false;
     }
-    if (event.code == kHome || event.code == kEnd) {
-        editor_.move(TextStep::kEnd, event.code == kEnd, extend);
-    } else if (event.code != kLeft && event.code != kRight) {
+    if (event.code == key::kHome || event.code == key::kEnd) {
+        editor_.move(TextStep::kEnd, event.code == key::kEnd, extend);
+    } else if (event.code != key::kLeft && event.code != key::kRight) {
         return false;
     } else if (byWords) {
         editor_.move(TextStep::kWord, toTheRight != line().format().rightToLeft, extend);
@@ -168,12 +157,13 @@ bool TextInput::commandByKey(const KeyEvent& event) {
         Action action;
     };
     // Exactly these modifiers: Ctrl and Alt together write characters on many keyboards.
-    constexpr Shortcut kShortcuts[] = {{'A', kControlKey, Action::kSelectAll},     {'C', kControlKey, Action::kCopy},
-                                       {'X', kControlKey, Action::kCut},           {'V', kControlKey, Action::kPaste},
-                                       {'Z', kControlKey, Action::kUndo},          {'Y', kControlKey, Action::kRedo},
-                                       {'Z', kControlKey | kShift, Action::kRedo}, {kInsert, kShift, Action::kPaste},
-                                       {kInsert, kControlKey, Action::kCopy},      {kDelete, kShift, Action::kCut},
-                                       {kBackspace, kAlt, Action::kUndo}};
+    constexpr Shortcut kShortcuts[] = {
+        {'A', kControlKey, Action::kSelectAll},     {'C', kControlKey, Action::kCopy},
+        {'X', kControlKey, Action::kCut},           {'V', kControlKey, Action::kPaste},
+        {'Z', kControlKey, Action::kUndo},          {'Y', kControlKey, Action::kRedo},
+        {'Z', kControlKey | kShift, Action::kRedo}, {key::kInsert, kShift, Action::kPaste},
+        {key::kInsert, kControlKey, Action::kCopy}, {key::kDelete, kShift, Action::kCut},
+        {key::kBackspace, kAlt, Action::kUndo}};
     for (const Shortcut& row : kShortcuts) {
         if (row.code == event.code && row.modifiers == event.modifiers) {
             perform(row.action);
@@ -184,7 +174,8 @@ bool TextInput::commandByKey(const KeyEvent& event) {
 }
 
 bool TextInput::menuByKey(const KeyEvent& event) {
-    if ((event.code != kMenu || event.modifiers != kNoModifier) && (event.code != kF10 || event.modifiers != kShift)) {
+    if ((event.code != key::kMenu || event.modifiers != kNoModifier) &&
+        (event.code != key::kF10 || event.modifiers != kShift)) {
         return false;
     }
     if (const std::optional<Rect> caret = caretRectangle()) {

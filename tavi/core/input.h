@@ -35,13 +35,27 @@ struct WheelEvent {
     uint32_t modifiers = kNoModifier;
 };
 
-// Keys that the framework itself acts on; their values are those of Windows' virtual-key codes. All others pass as
-// codes.
+// Keys that the framework and its controls act on; their values are those of Windows' virtual-key codes. All others
+// pass as codes.
 namespace key {
+inline constexpr uint32_t kBackspace = 0x08;
 inline constexpr uint32_t kTab = 0x09;
 inline constexpr uint32_t kReturn = 0x0D;
 inline constexpr uint32_t kEscape = 0x1B;
 inline constexpr uint32_t kSpace = 0x20;
+inline constexpr uint32_t kPageUp = 0x21;
+inline constexpr uint32_t kPageDown = 0x22;
+inline constexpr uint32_t kEnd = 0x23;
+inline constexpr uint32_t kHome = 0x24;
+inline constexpr uint32_t kLeft = 0x25;
+inline constexpr uint32_t kUp = 0x26;
+inline constexpr uint32_t kRight = 0x27;
+inline constexpr uint32_t kDown = 0x28;
+inline constexpr uint32_t kInsert = 0x2D;
+inline constexpr uint32_t kDelete = 0x2E;
+inline constexpr uint32_t kMenu = 0x5D;
+inline constexpr uint32_t kF4 = 0x73;
+inline constexpr uint32_t kF10 = 0x79;
 inline constexpr uint32_t kF12 = 0x7B;
 }  // namespace key
 

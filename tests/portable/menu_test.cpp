@@ -1,5 +1,4 @@
 // Menus and the places of pop-up windows.
-#include "tavi/controls/list_keys.h"
 #include "tavi/controls/menu_panel.h"
 #include "tests/portable/popup_stand_in.h"
 #include "tests/portable/window_fixture.h"
@@ -63,7 +62,7 @@ struct TaviMenu : testing::Test {
 };
 
 TEST_F(TaviMenu, IsWalkedThroughWithKeys) {
-    using namespace list_key;
+    using namespace tavi::key;
     constexpr uint32_t kReturn = key::kReturn;
     EXPECT_EQ(keys({kDown, kReturn}), 2U) << "past what is disabled and the line";
     EXPECT_EQ(keys({kDown, kDown, key::kSpace}), 3U);
@@ -122,7 +121,7 @@ TEST_F(TaviMenu, IsChosenFromWithTheMouse) {
         std::wstring value;
         menu.automationValue(value);
         EXPECT_EQ(value, L"Copy");
-        popup.key(list_key::kUp);
+        popup.key(key::kUp);
         popup.tree->pointerMove({.position = middle(menu, 3)});
         EXPECT_EQ(menu.hotEntry(), 2U) << "the pointer has not moved";
         popup.tree->pointerRelease({.position = middle(menu, 3), .button = PointerButton::Right});

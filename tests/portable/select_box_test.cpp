@@ -1,6 +1,5 @@
 // Select boxes and their lists.
 #include "tavi/controls/select_box.h"
-#include "tavi/controls/list_keys.h"
 #include "tavi/controls/select_list.h"
 #include "tests/portable/popup_stand_in.h"
 #include "tests/portable/window_fixture.h"
@@ -8,7 +7,7 @@
 namespace {
 
 using namespace testing_tavi;
-using namespace tavi::list_key;
+using namespace tavi::key;
 
 struct TaviSelectBox : TaviWindow {
     FrameStandIn frame;

@@ -8,13 +8,6 @@ namespace {
 
 using namespace testing_tavi;
 
-constexpr uint32_t kBackspace = 0x08;
-constexpr uint32_t kEnd = 0x23;
-constexpr uint32_t kHome = 0x24;
-constexpr uint32_t kLeft = 0x25;
-constexpr uint32_t kRight = 0x27;
-constexpr uint32_t kInsert = 0x2D;
-constexpr uint32_t kDelete = 0x2E;
 constexpr Rect kField{20, 10, 200, 32};
 
 struct TextInputTest : TaviWindow {
@@ -39,9 +32,9 @@ struct TextInputTest : TaviWindow {
         }
     }
     void caretTo(size_t position) {
-        key(kHome);
+        key(key::kHome);
         for (size_t i = 0; i < position; ++i) {
-            key(kRight);
+            key(key::kRight);
         }
     }
     std::wstring selected() const { return field->editor().selectedText(); }
@@ -70,21 +63,21 @@ TEST_F(TextInputTest, KeysWriteMoveAndSelect) {
         size_t caret;
     } rows[] = {
         {{}, L"one two", L"one two", 7},  // the focus came as by Tab
-        {{{kLeft}}, L"one two", L"", 0},
-        {{{kRight}}, L"one two", L"", 7},
-        {{{kHome}, {kRight, kShift}, {kRight, kShift}}, L"one two", L"on", 2},
-        {{{kHome}, {kEnd, kShift}, {kLeft, kShift}}, L"one two", L"one tw", 6},
-        {{{kEnd}, {kBackspace}}, L"one tw", L"", 6},
-        {{{kEnd}, {kBackspace, kShift}}, L"one tw", L"", 6},
-        {{{kHome}, {kDelete}}, L"ne two", L"", 0},
-        {{{kBackspace}, {'Z', kControlKey}}, L"one two", L"one two", 7},
-        {{{kBackspace}, {kBackspace, kAlt}}, L"one two", L"one two", 7},
-        {{{kDelete}, {'Z', kControlKey}, {'Y', kControlKey}}, L"", L"", 0},
-        {{{kDelete}, {'Z', kControlKey}, {'Z', kControlKey | kShift}}, L"", L"", 0},
-        {{{kHome}, {'A', kControlKey}}, L"one two", L"one two", 7},
+        {{{key::kLeft}}, L"one two", L"", 0},
+        {{{key::kRight}}, L"one two", L"", 7},
+        {{{key::kHome}, {key::kRight, kShift}, {key::kRight, kShift}}, L"one two", L"on", 2},
+        {{{key::kHome}, {key::kEnd, kShift}, {key::kLeft, kShift}}, L"one two", L"one tw", 6},
+        {{{key::kEnd}, {key::kBackspace}}, L"one tw", L"", 6},
+        {{{key::kEnd}, {key::kBackspace, kShift}}, L"one tw", L"", 6},
+        {{{key::kHome}, {key::kDelete}}, L"ne two", L"", 0},
+        {{{key::kBackspace}, {'Z', kControlKey}}, L"one two", L"one two", 7},
+        {{{key::kBackspace}, {key::kBackspace, kAlt}}, L"one two", L"one two", 7},
+        {{{key::kDelete}, {'Z', kControlKey}, {'Y', kControlKey}}, L"", L"", 0},
+        {{{key::kDelete}, {'Z', kControlKey}, {'Z', kControlKey | kShift}}, L"", L"", 0},
+        {{{key::kHome}, {'A', kControlKey}}, L"one two", L"one two", 7},
         {{{'X', kControlKey}, {'V', kControlKey}, {'V', kControlKey}}, L"one twoone two", L"", 14},
-        {{{kInsert, kControlKey}, {kEnd}, {kInsert, kShift}}, L"one twoone two", L"", 14},
-        {{{kDelete, kShift}, {'V', kControlKey | kAlt}}, L"", L"", 0},
+        {{{key::kInsert, kControlKey}, {key::kEnd}, {key::kInsert, kShift}}, L"one twoone two", L"", 14},
+        {{{key::kDelete, kShift}, {'V', kControlKey | kAlt}}, L"", L"", 0},
     };
     for (size_t i = 0; i < std::size(rows); ++i) {
         field->setText(L"");
@@ -150,7 +143,7 @@ TEST_F(TextInputTest, ThePointerSelects) {
     move(sixth);
     EXPECT_EQ(selected(), L"");
     caretTo(2);
-    key(kEnd, kShift);
+    key(key::kEnd, kShift);
     press(sixth, PointerButton::Right);
     release(sixth, PointerButton::Right);
     EXPECT_EQ(selected(), L"e two") << "the menu is about it";
@@ -166,8 +159,8 @@ TEST_F(TextInputTest, TheFocusSelectsByTabOnly) {
     press(place);
     release(place);
     EXPECT_EQ(selected(), L"");
-    key(kEnd);
-    key(kLeft, kShift);
+    key(key::kEnd);
+    key(key::kLeft, kShift);
     tree->activated(false);
     tree->activated(true);
     EXPECT_EQ(selected(), L"o") << "the window was away for a while";
@@ -180,7 +173,7 @@ TEST_F(TextInputTest, WhatIsReadOnlyCanOnlyBeRead) {
     field->setReadOnly(true);
     type(L"x");
     for (const auto& [code, modifiers] : std::vector<std::pair<uint32_t, uint32_t>>{
-             {kDelete, 0}, {kBackspace, 0}, {'X', kControlKey}, {'V', kControlKey}, {'Z', kControlKey}}) {
+             {key::kDelete, 0}, {key::kBackspace, 0}, {'X', kControlKey}, {'V', kControlKey}, {'Z', kControlKey}}) {
         key(code, modifiers);
     }
     EXPECT_FALSE(tree->editCommand(EditCommand::Clear));
@@ -270,12 +263,12 @@ TEST_F(TextInputTest, ShowsWhatIsBeingComposed) {
     const Rect inside = field->caretRectangle().value_or(Rect{});
     EXPECT_GT(inside.x, before.x);
     EXPECT_EQ(field->text(), L"one two");
-    EXPECT_FALSE(key(kDelete)) << "keys are the input method's";
+    EXPECT_FALSE(key(key::kDelete)) << "keys are the input method's";
     EXPECT_TRUE(tree->compositionChanged({L"xyz", 99}));
     EXPECT_GT(field->caretRectangle().value_or(Rect{}).x, inside.x);
     tree->compositionChanged({});
     EXPECT_EQ(field->caretRectangle(), before);
-    key(kEnd, kShift);
+    key(key::kEnd, kShift);
     tree->compositionChanged({L"x", 1});
     EXPECT_EQ(selected(), L" two");
     tree->compositionChanged({});
@@ -284,11 +277,11 @@ TEST_F(TextInputTest, ShowsWhatIsBeingComposed) {
     tree->compositionChanged({L"y", 1});
     tree->setFocus(button);
     tree->setFocus(field);
-    EXPECT_TRUE(key(kEnd)) << "it ended with the focus";
+    EXPECT_TRUE(key(key::kEnd)) << "it ended with the focus";
 }
 
 TEST_F(TextInputTest, ScrollsAfterTheCaret) {
-    key(kDelete);
+    key(key::kDelete);
     for (int i = 0; i < 60; ++i) {
         type(L"m");
         ASSERT_TRUE(caretIsInView()) << i;
@@ -296,13 +289,13 @@ TEST_F(TextInputTest, ScrollsAfterTheCaret) {
     const Rect atEnd = field->caretRectangle().value_or(Rect{});
     EXPECT_GE(atEnd.x, kField.width - 12 - 2) << "at the edge of its room";
     for (int i = 0; i < 60; ++i) {
-        key(kLeft);
+        key(key::kLeft);
         ASSERT_TRUE(caretIsInView()) << i;
     }
     EXPECT_EQ(field->caretRectangle().value_or(Rect{}).x, 12);
-    key(kEnd);
+    key(key::kEnd);
     for (int i = 0; i < 40; ++i) {
-        key(kBackspace);
+        key(key::kBackspace);
         const Rect caret = field->caretRectangle().value_or(Rect{});
         ASSERT_TRUE(caret.x >= atEnd.x || field->editor().text().size() < 40) << "no empty room is left at the end";
     }
@@ -349,8 +342,8 @@ TEST_F(TextInputTest, TheCaretBlinksInItsColumnAlone) {
     type(L"x");
     settle();
     const auto solid = canvas.pixels;
-    key(kEnd);
-    key(kLeft);
+    key(key::kEnd);
+    key(key::kLeft);
     caretTo(8);
     settle();
     EXPECT_EQ(canvas.pixels == solid, true) << "solid while something goes on";
@@ -364,16 +357,16 @@ TEST_F(TextInputTest, RunsFromRightToLeftWithItsWindow) {
     EXPECT_EQ(field->caretRectangle().value_or(Rect{}).x, 12) << "a path stays as it is";
     field->setText(L"\u05D0\u05D1\u05D2");
     field->selectAll();
-    key(kHome);
+    key(key::kHome);
     const int32_t start = field->caretRectangle().value_or(Rect{}).x;
     EXPECT_GE(start, kField.width - 12 - 2);
-    key(kLeft);
+    key(key::kLeft);
     EXPECT_EQ(field->editor().caret(), 1U);
     EXPECT_LT(field->caretRectangle().value_or(Rect{}).x, start);
-    key(kLeft, kControlKey);
+    key(key::kLeft, kControlKey);
     EXPECT_EQ(field->editor().caret(), 3U);
     field->selectAll();
-    key(kLeft);
+    key(key::kLeft);
     EXPECT_EQ(field->editor().caret(), 3U) << "the left edge is the end";
     field->setText(L"");
     EXPECT_GE(field->caretRectangle().value_or(Rect{}).x, kField.width - 12 - 2);
