@@ -9,8 +9,6 @@ namespace {
 
 using tavi::Rect;
 
-// Between the message and the controls below it.
-constexpr int32_t kMessageGap = 6;
 // In a popup as high as this the message always has all the room it wants.
 constexpr int32_t kAnyHeight = 100000;
 
@@ -92,7 +90,7 @@ DialogPlaces DialogControls::places() const {
     const int32_t width = std::max(root_.bounds().width, kDialogSize.width);
     const tavi::DesignedPopup::Places parts = popup_->places({width, kAnyHeight});
     const int32_t messageEnd = std::max(parts.message.bottom(), parts.badge.bottom());
-    DialogMeasures measures{.messageBottom = messageEnd + kMessageGap, .label = label_->preferredSize()};
+    DialogMeasures measures{.messageBottom = messageEnd + tavi::kPopupMiddleGap, .label = label_->preferredSize()};
     measures.buttonsHeight = popup_->preferredHeight(width) - measures.messageBottom - reserved_;
     if (!installed_) {
         measures.browse = browse_->preferredSize();

@@ -20,7 +20,6 @@ constexpr int32_t kBadgeSignInset = 8;
 constexpr int32_t kTextLeft = 76;    // beside the badge
 constexpr int32_t kWidePopup = 600;  // from here on the text ends as far from its side as it begins
 constexpr int32_t kHeadingGap = 10;
-constexpr int32_t kMiddleGap = 6;  // above and below what is reserved
 constexpr int32_t kEmptyMiddle = 22;
 constexpr int32_t kButtonHeight = 34;
 constexpr int32_t kButtonMinimum = 104;
@@ -156,7 +155,7 @@ DesignedPopup::Places DesignedPopup::places(Size size) const {
         placeButtons(widths, size.width - 2 * kMargin, kButtonGap, kButtonMinimum, false);
     const int32_t lines = row.empty() ? 0 : row.back().line + 1;
     const int32_t rowHeight = lines > 0 ? lines * (buttonHeight + kButtonGap) - kButtonGap : 0;
-    const int32_t between = reservedMiddle_ > 0 ? reservedMiddle_ + 2 * kMiddleGap : kEmptyMiddle;
+    const int32_t between = reservedMiddle_ > 0 ? reservedMiddle_ + 2 * kPopupMiddleGap : kEmptyMiddle;
     places.height = std::max(messageTop + messageHeight, places.badge.bottom()) + between + rowHeight + kBottomMargin;
 
     const int32_t rowTop =

@@ -14,6 +14,9 @@
 
 namespace tavi {
 
+// Design pixels above and below what is reserved between message and buttons.
+inline constexpr int32_t kPopupMiddleGap = 6;
+
 class DesignedPopup : public Panel {
 public:
     DesignedPopup(std::wstring id, const Rect& bounds);

@@ -108,6 +108,12 @@ std::wstring valueOf(const std::wstring& description, const std::wstring& key) {
     return description.substr(begin, description.find(L"\r\n", begin) - begin);
 }
 
+// The id of the control that is described; the description begins with its path.
+std::wstring controlOf(const std::wstring& description) {
+    const std::wstring path = valueOf(description, L"control");
+    return path.substr(path.rfind(L'/') + 1);
+}
+
 // "(x, y, widthxheight)", as the framework writes rectangles.
 RECT rectangleOf(const std::wstring& text) {
     long numbers[4] = {};
@@ -157,8 +163,12 @@ public:
     }
 
     std::wstring tell(const std::wstring& id) {
-        middleOf(id);
         std::wstring text = describedAt(middleOf(id));
+        // A slow window may have answered to an earlier question.
+        for (int i = 0; i < 10 && controlOf(text) != id; ++i) {
+            Sleep(200);
+            text = describedAt(middleOf(id));
+        }
         for (size_t at = 0; (at = text.find(L"\r\n", at)) != std::wstring::npos;) {
             text.replace(at, 2, L" | ");
         }
@@ -267,10 +277,9 @@ private:
                 }
                 sendMouse(0, onScreen(at));
                 const std::wstring text = ask();
-                const std::wstring path = valueOf(text, L"control");
                 const RECT design = rectangleOf(valueOf(text, L"client"));
                 const RECT area{device(design.left), device(design.top), device(design.right), device(design.bottom)};
-                controls_[path.substr(path.rfind(L'/') + 1)] = {area, valueOf(text, L"takes focus") == L"yes"};
+                controls_[controlOf(text)] = {area, valueOf(text, L"takes focus") == L"yes"};
             }
         }
         pressKey(L"ctrl+F12");
