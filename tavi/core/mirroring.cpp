@@ -26,10 +26,4 @@ void mirror(Control& control, int32_t parentWidth) {
     control.setBounds({parentWidth - bounds.right(), bounds.y, bounds.width, bounds.height});
 }
 
-void mirrorChildren(Control& parent) {
-    for (Control* const child : parent.childPointers()) {
-        mirror(*child, parent.bounds().width);
-    }
-}
-
 }  // namespace tavi

@@ -10,7 +10,4 @@ namespace tavi {
 // are: a control that lays out its own children knows WindowHost::rightToLeft().
 void mirror(Control& control, int32_t parentWidth);
 
-// Mirrors all children of a control in its present width.
-void mirrorChildren(Control& parent);
-
 }  // namespace tavi
