@@ -124,4 +124,10 @@ void ControlLooks::paintArea(HDC target, const Control& control, Point origin, c
     drawSurface(target, area, style);
 }
 
+void ControlLooks::paintDropDown(HDC target, const Control& control, Point origin) const {
+    SurfaceStyle ground = look(control, SurfaceState::kNormal, L"dropdown").surface;
+    ground.showShadow = ground.showGlow = false;
+    drawSurface(target, control.deviceRect(control.localBounds(), origin), ground);
+}
+
 }  // namespace tavi

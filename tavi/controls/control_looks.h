@@ -57,6 +57,10 @@ public:
     void paintArea(HDC target, const Control& control, Point origin, const Rect& area, SurfaceState state,
                    std::wstring_view part = L"surface", bool focused = false) const;
 
+    // Paints the ground of a list or a menu that fills its pop-up window. Without its shadow, which would fall on
+    // nothing but the corners of that window.
+    void paintDropDown(HDC target, const Control& control, Point origin) const;
+
     // Lets go of all of them.
     void forget() const { looks_.clear(); }
 

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "base/text.h"
-#include "tavi/theme/surface_drawing.h"
 
 namespace tavi {
 namespace {
@@ -74,10 +73,7 @@ void MenuPanel::releaseCaches() {
 }
 
 void MenuPanel::paint(HDC target, Point origin) {
-    // Its shadow would fall on nothing but the corners of its own window.
-    SurfaceStyle ground = looks_.look(*this, SurfaceState::kNormal, L"dropdown").surface;
-    ground.showShadow = ground.showGlow = false;
-    drawSurface(target, deviceRect(localBounds(), origin), ground);
+    looks_.paintDropDown(target, *this, origin);
     for (size_t i = 0; i < entries_.size(); ++i) {
         paintRow(target, origin, i);
     }

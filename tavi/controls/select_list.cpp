@@ -4,8 +4,6 @@
 #include <cmath>
 #include <utility>
 
-#include "tavi/theme/surface_drawing.h"
-
 namespace tavi {
 namespace {
 
@@ -108,10 +106,7 @@ void SelectList::releaseCaches() {
 }
 
 void SelectList::paint(HDC target, Point origin) {
-    // Its shadow would fall on nothing but the corners of its own window.
-    SurfaceStyle ground = looks_.look(*this, SurfaceState::kNormal, L"dropdown").surface;
-    ground.showShadow = ground.showGlow = false;
-    drawSurface(target, deviceRect(localBounds(), origin), ground);
+    looks_.paintDropDown(target, *this, origin);
     for (int32_t index = firstRow(); index < std::min(count(), firstRow() + rowsInSight()); ++index) {
         paintRow(target, origin, index);
     }
