@@ -128,12 +128,15 @@ def test_uninstalls(owner):
 def test_a_failed_install_says_so_and_leads_to_the_log(tester):
     """While Windows Installer works a small window tells; it cannot be closed. Then the truth, with a way to the log."""
     machine = tester.machine
-    machine.use_double("msiexec", ["sleep 4000 exit 1603"])
+    machine.use_double("msiexec", ["wait exit 1603"])
     tester.start().act(f"window 20000 {TITLE}", "click install", "gone 5000")
     [bar] = tester.tell(TITLE, "setup-progress")
     assert bar["visible"] == "yes"
-    tester.act(f"window 5000 {TITLE}", "key Escape", "key alt+F4", "still 300", f"window 100 {TITLE}", "gone 20000")
-    tester.act("window 20000 Install failed", "click open-log", "still 500", *close_box("Install failed"))
+    tester.act(f"window 5000 {TITLE}", "key Escape", "key alt+F4", "still 300", f"window 100 {TITLE}")
+    machine.write(r"C:\doubles\go", "")
+    [explorer] = tester.act("window 20000 Install failed", "click open-log", "other 60000")
+    assert explorer == "ExplorerWClass 'Velquin'"  # Wine's Explorer at the folder of the log
+    tester.act("key alt+F4", *close_box("Install failed"))
     assert tester.exit_code() == 4
     assert "msiexec install exit=1603" in " ".join(machine.log()) and not machine.running("Velquin.exe")
     assert not any("app launch" in line for line in machine.log())

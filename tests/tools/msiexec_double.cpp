@@ -1,6 +1,6 @@
-// A recording double of msiexec.exe. Words of a script line: "exit N" the exit code; "sleep MS"; "place" puts
-// C:\doubles\Velquin.exe into the folder of INSTALLFOLDER; "attack" tries to change the package while it is in use and
-// records what came of it in attack.log.
+// A recording double of msiexec.exe. Words of a script line: "exit N" the exit code; "sleep MS"; "wait" until there is
+// a file C:\doubles\go; "place" puts C:\doubles\Velquin.exe into the folder of INSTALLFOLDER; "attack" tries to change
+// the package while it is in use and records what came of it in attack.log.
 #include <windows.h>
 
 #include "base/win32/files.h"
@@ -48,6 +48,10 @@ int wmain() {
             exitCode = std::stoi(words[++i]);
         } else if (words[i] == L"sleep" && i + 1 < words.size()) {
             Sleep(static_cast<DWORD>(std::stoul(words[++i])));
+        } else if (words[i] == L"wait") {
+            while (GetFileAttributesW(base::joinPath(doubles::kFolder, L"go").c_str()) == INVALID_FILE_ATTRIBUTES) {
+                Sleep(20);
+            }
         } else if (words[i] == L"place" && !installFolder().empty()) {
             base::createFolders(installFolder());
             CopyFileW(L"C:\\doubles\\Velquin.exe", base::joinPath(installFolder(), L"Velquin.exe").c_str(), FALSE);

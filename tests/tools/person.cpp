@@ -4,6 +4,8 @@
 //
 //     window MS TITLE     waits for a window of the UI framework with that title and looks at it from now on
 //     gone MS             waits until that window is gone
+//     other MS            waits until the keyboard is at a window of another program, and writes that window's
+//                         class and title
 //     click ID            moves to the control with that id and clicks (click2, click3: so many times; right: the other
 //                         button)
 //     tell ID             writes what the framework says about that control, in one line
@@ -154,6 +156,16 @@ public:
         throw Failure{L"the window is still there"};
     }
 
+    std::wstring waitForOther(DWORD limit) const {
+        for (const ULONGLONG end = GetTickCount64() + limit; GetTickCount64() < end; Sleep(20)) {
+            const HWND window = GetForegroundWindow();
+            if (window != nullptr && programOf(window) != programOf(window_) && IsWindowVisible(window)) {
+                return nameOf(window);
+            }
+        }
+        throw Failure{L"the keyboard is at " + nameOf(GetForegroundWindow())};
+    }
+
     void click(const std::wstring& id, int times, bool right) {
         const POINT at = middleOf(id);
         for (int i = 0; i < times; ++i) {
@@ -181,6 +193,12 @@ private:
         bool isSingle;  // nothing else lies in it
     };
 
+    static DWORD programOf(HWND window) {
+        DWORD process = 0;
+        GetWindowThreadProcessId(window, &process);
+        return process;
+    }
+
     POINT onScreen(POINT client) const {
         ClientToScreen(window_, &client);
         return client;
@@ -203,29 +221,34 @@ private:
 
     // What the framework says about the control at a point of the screen. The overlay is on only meanwhile.
     std::wstring describedAt(POINT at) {
-        sendMouse(0, at);
-        std::wstring text = beginAsking();
+        std::wstring text = beginAsking(at);
         pressKey(L"ctrl+F12");
         return text;
     }
 
     // A window that has just come may miss a key, and cannot answer while another program holds the clipboard.
-    static std::wstring beginAsking() {
+    std::wstring beginAsking(POINT at) const {
+        return answerAt(at, [] { pressKey(L"ctrl+F12"); });
+    }
+
+    // The answer for a point of the screen, while the overlay is on.
+    std::wstring ask(POINT at) const {
+        return answerAt(at, [] {});
+    }
+
+    // Another program may have taken the keyboard meanwhile; then the window is brought forward again.
+    template <typename Prepare>
+    std::wstring answerAt(POINT at, Prepare prepare) const {
         for (int i = 0; i < 5; ++i) {
-            pressKey(L"ctrl+F12");
+            bringForward();
+            sendMouse(0, at);
+            prepare();
             if (const std::optional<std::wstring> answer = answerWithin(2000)) {
                 return *answer;
             }
         }
         throw Failure{L"the window does not answer to F12, the keyboard is at " + nameOf(GetForegroundWindow()) +
                       L", the focus at " + nameOf(focusedWindow())};
-    }
-
-    static std::wstring ask() {
-        if (const std::optional<std::wstring> answer = answerWithin(5000)) {
-            return *answer;
-        }
-        throw Failure{L"the window answers no more"};
     }
 
     static std::optional<std::wstring> answerWithin(int limit) {
@@ -264,8 +287,7 @@ private:
         GetClientRect(window_, &client);
         const int dpi = static_cast<int>(GetDpiForWindow(window_));
         const auto device = [dpi](LONG length) { return MulDiv(length, dpi, 96); };
-        sendMouse(0, onScreen({client.right / 2, client.bottom / 2}));
-        beginAsking();
+        beginAsking(onScreen({client.right / 2, client.bottom / 2}));
         for (int y = device(10); y < client.bottom; y += device(kStepY)) {
             for (int x = device(14); x < client.right; x += device(kStepX)) {
                 const POINT at{x, y};
@@ -275,8 +297,7 @@ private:
                 if (known) {
                     continue;
                 }
-                sendMouse(0, onScreen(at));
-                const std::wstring text = ask();
+                const std::wstring text = ask(onScreen(at));
                 const RECT design = rectangleOf(valueOf(text, L"client"));
                 const RECT area{device(design.left), device(design.top), device(design.right), device(design.bottom)};
                 controls_[controlOf(text)] = {area, valueOf(text, L"takes focus") == L"yes"};
@@ -329,6 +350,8 @@ std::wstring act(Person& person, const std::wstring& line) {
         person.waitForWindow(milliseconds, what.substr(what.find(L' ') + 1));
     } else if (step == L"gone") {
         person.waitForEnd(milliseconds);
+    } else if (step == L"other") {
+        return person.waitForOther(milliseconds);
     } else if (step.starts_with(L"click")) {
         person.click(what, step.size() > 5 ? step[5] - L'0' : 1, false);
     } else if (step == L"right") {
