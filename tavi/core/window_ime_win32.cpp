@@ -26,18 +26,31 @@ public:
     }
 
     CompositionEvent composition() const {
-        CompositionEvent event;
-        auto* const get = library().function<decltype(ImmGetCompositionStringW)>("ImmGetCompositionStringW");
-        if (context_ == nullptr || get == nullptr) {
-            return event;
-        }
-        const LONG bytes = get(context_, GCS_COMPSTR, nullptr, 0);
-        if (bytes > 0) {
-            event.text.resize(static_cast<size_t>(bytes) / sizeof(wchar_t));
-            get(context_, GCS_COMPSTR, event.text.data(), static_cast<DWORD>(bytes));
-            event.caret = std::max<LONG>(get(context_, GCS_CURSORPOS, nullptr, 0), 0);
+        CompositionEvent event{text(GCS_COMPSTR)};
+        if (!event.text.empty()) {
+            event.caret = std::max<LONG>(compositionString()(context_, GCS_CURSORPOS, nullptr, 0), 0);
         }
         return event;
+    }
+
+    // What is composed, or, while the message tells of it, what has been finished (GCS_COMPSTR, GCS_RESULTSTR).
+    std::wstring text(DWORD which) const {
+        std::wstring text;
+        auto* const get = compositionString();
+        if (context_ != nullptr && get != nullptr) {
+            const LONG bytes = get(context_, which, nullptr, 0);
+            text.resize(static_cast<size_t>(std::max<LONG>(bytes, 0)) / sizeof(wchar_t));
+            get(context_, which, text.data(), static_cast<DWORD>(text.size() * sizeof(wchar_t)));
+        }
+        return text;
+    }
+
+    // What is composed becomes text now, at once.
+    void finish() const {
+        auto* const notify = library().function<decltype(ImmNotifyIME)>("ImmNotifyIME");
+        if (notify != nullptr && !text(GCS_COMPSTR).empty()) {
+            notify(context_, NI_COMPOSITIONSTR, CPS_COMPLETE, 0);
+        }
     }
 
     void placeAt(const Rect& caret) const {
@@ -64,6 +77,10 @@ private:
         return imm;
     }
 
+    static decltype(&ImmGetCompositionStringW) compositionString() {
+        return library().function<decltype(ImmGetCompositionStringW)>("ImmGetCompositionStringW");
+    }
+
     HWND window_;
     HIMC context_ = nullptr;
 };
@@ -84,21 +101,33 @@ WindowNative::Answer WindowNative::onCompositionStart(const Message& /*message*/
     return std::nullopt;
 }
 
+// What is finished is taken from the message itself: as characters, which Windows would make of it, it would come after
+// the press that finished it, and so to another control.
 WindowNative::Answer WindowNative::onComposition(const Message& message) {
     swallowsCharacter_ = false;
-    const bool handled =
-        (message.lParam & GCS_COMPSTR) != 0 && tree_->compositionChanged(InputContext(handle_).composition());
+    bool handled = false;
+    if ((message.lParam & GCS_RESULTSTR) != 0) {
+        const std::wstring text = InputContext(handle_).text(GCS_RESULTSTR);
+        tree_->compositionChanged({});
+        handled = tree_->textInput({text});
+    }
+    if (handle_ != nullptr && (message.lParam & GCS_COMPSTR) != 0) {
+        handled |= tree_->compositionChanged(InputContext(handle_).composition());
+    }
     // The list of candidates follows the caret.
     if (const std::optional<Rect> caret = handle_ != nullptr ? tree_->caretRectangle() : std::nullopt) {
         InputContext(handle_).placeAt(*caret);
     }
-    // What is finished comes as characters; Windows makes them.
-    return handled && (message.lParam & GCS_RESULTSTR) == 0 ? Answer(0) : std::nullopt;
+    return handled ? Answer(0) : std::nullopt;
 }
 
 WindowNative::Answer WindowNative::onCompositionEnd(const Message& /*message*/) {
     tree_->compositionChanged({});
     return std::nullopt;
+}
+
+void WindowNative::finishComposition() const {
+    InputContext(handle_).finish();
 }
 
 }  // namespace tavi

@@ -26,6 +26,9 @@ WindowNative::Answer WindowNative::onPointer(const Message& message) {
         tracksLeave_ = TrackMouseEvent(&track) != FALSE;
     }
     const PointerMessage translated = translatePointer(message.number, message.wParam, message.lParam, held(VK_MENU));
+    if (translated.action == PointerAction::Press) {
+        finishComposition();  // a press elsewhere does not lose what is being composed
+    }
     using Entry = bool (WindowTree::*)(PointerEvent);
     constexpr Entry kEntries[] = {&WindowTree::pointerMove, &WindowTree::pointerPress, &WindowTree::pointerRelease};
     // What nobody takes goes to Windows, which makes the message for a context menu of it.
@@ -103,6 +106,9 @@ WindowNative::Answer WindowNative::onEditCommand(const Message& message) {
 }
 
 WindowNative::Answer WindowNative::onFocus(const Message& message) {
+    if (message.number == WM_KILLFOCUS) {
+        finishComposition();
+    }
     tree_->activated(message.number == WM_SETFOCUS);
     return 0;
 }

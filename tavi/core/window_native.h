@@ -145,6 +145,8 @@ private:
     Answer onCompositionStart(const Message& message);
     Answer onComposition(const Message& message);
     Answer onCompositionEnd(const Message& message);
+    // What is being composed becomes text of the control that has it.
+    void finishComposition() const;
     // Sizes.
     Answer onSize(const Message& message);
     Answer onSizing(const Message& message);

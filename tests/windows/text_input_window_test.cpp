@@ -197,6 +197,31 @@ TEST_F(TextInputWin32, TheCaretStandsInWhatIsComposed) {
     EXPECT_EQ(form.ptCurrentPos.y, after->y);
 }
 
+// The characters of a finished composition would arrive behind the press, in the other field.
+TEST_F(TextInputWin32, WhatIsComposedIsFinishedWhereItStands) {
+    auto* const other = window.root().add<TextInput>(L"other", Rect{20, 60, 300, 32}, L"");
+    const auto compose = [&](std::wstring text) {
+        const int32_t before = window.tree().caretRectangle()->x;
+        const HIMC context = ImmGetContext(window.handle());
+        const auto bytes = static_cast<DWORD>(text.size() * sizeof(wchar_t));
+        EXPECT_TRUE(ImmSetCompositionStringW(context, SCS_SETSTR, text.data(), bytes, nullptr, 0));
+        ImmReleaseContext(window.handle(), context);
+        EXPECT_TRUE(pumpUntil([&] { return window.tree().caretRectangle()->x > before; }));
+    };
+    stroke(VK_END);
+    pump(50);
+    compose(L"\u3042\u3044");
+    sendMouse(window.handle(), {100, 70}, MOUSEEVENTF_LEFTDOWN);
+    sendMouse(window.handle(), {100, 70}, MOUSEEVENTF_LEFTUP);
+    EXPECT_TRUE(pumpUntil([&] { return window.tree().focused() == other; }));
+    pump(100);
+    EXPECT_EQ(field->text(), L"C:\\Program Files\\One\u3042\u3044");
+    EXPECT_EQ(other->text(), L"");
+    compose(L"\u6F22");
+    SendMessageW(window.handle(), WM_KILLFOCUS, 0, 0);
+    EXPECT_EQ(other->text(), L"\u6F22") << "another window takes the keyboard";
+}
+
 // The wording is Windows', also in English: its "Select All" is not what stands in for a menu that is missing.
 TEST(EditMenuTextsWin32, ComeFromWindows) {
     const EditMenuTexts texts = editMenuTexts();
