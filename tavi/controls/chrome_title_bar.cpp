@@ -74,13 +74,22 @@ public:
 
     bool pointerPress(PointerEvent& event) override {
         if (event.button != PointerButton::Left) {
-            return false;
+            return event.button == PointerButton::Right;
         }
         if (event.clicks == 2) {
             bar_.toggleMaximized();
         } else {
             bar_.run(L"drag");
         }
+        return true;
+    }
+    bool pointerRelease(PointerEvent& event) override {
+        WindowFrame* const frame = window() != nullptr ? window()->frame() : nullptr;
+        if (event.button != PointerButton::Right || frame == nullptr || !localBounds().contains(event.position)) {
+            return false;
+        }
+        const Point at = event.position + clientOrigin();
+        frame->openSystemMenu(frame->onScreen({at.x, at.y, 1, 1}).position());
         return true;
     }
 

@@ -25,6 +25,9 @@ public:
     virtual void requestClose() = 0;
     // Moves the window with the pointer until the button is up. Handles messages meanwhile.
     virtual void beginMove() = 0;
+    // Opens the window's own menu (move, minimise, close) at a point of the screen, device pixels. Handles messages
+    // meanwhile. Nothing happens where the style has no such menu.
+    virtual void openSystemMenu(Point onScreen) = 0;
     // From design pixels of the client area to device pixels of the screen.
     virtual Rect onScreen(const Rect& area) const = 0;
     // Opens a pop-up window over this one; one that is open is dismissed. Null when there is no window to stand beside,

@@ -43,6 +43,33 @@ void WindowNative::beginMove() {
     SendMessageW(handle_, WM_NCLBUTTONDOWN, HTCAPTION, 0);
 }
 
+// Windows opens it by itself only over a title bar of its own. What applies now is for the opener to say.
+void WindowNative::openSystemMenu(Point onScreen) {
+    const std::shared_ptr<WindowNative> keep = shared_from_this();
+    const HMENU menu = GetSystemMenu(handle_, FALSE);
+    if (menu == nullptr) {
+        return;
+    }
+    const bool zoomed = maximized();
+    const struct {
+        UINT command;
+        bool applies;
+    } kStates[] = {{SC_RESTORE, zoomed},
+                   {SC_MOVE, !zoomed},
+                   {SC_SIZE, !zoomed && (style_ & WS_THICKFRAME) != 0},
+                   {SC_MINIMIZE, canMinimize()},
+                   {SC_MAXIMIZE, !zoomed && canMaximize()}};
+    for (const auto& [command, applies] : kStates) {
+        EnableMenuItem(menu, command, MF_BYCOMMAND | (applies ? MF_ENABLED : MF_GRAYED));
+    }
+    const UINT side = tree_->rightToLeft() ? TPM_RIGHTALIGN | TPM_LAYOUTRTL : TPM_LEFTALIGN;
+    const BOOL command =
+        TrackPopupMenu(menu, TPM_RETURNCMD | TPM_RIGHTBUTTON | side, onScreen.x, onScreen.y, 0, handle_, nullptr);
+    if (command != 0 && handle_ != nullptr) {
+        PostMessageW(handle_, WM_SYSCOMMAND, static_cast<WPARAM>(command), MAKELPARAM(onScreen.x, onScreen.y));
+    }
+}
+
 Rect WindowNative::onScreen(const Rect& area) const {
     const Rect device = tree_->scale().device(area);
     POINT corner{device.x, device.y};

@@ -105,6 +105,7 @@ public:
     void resetToDefaultSize() override;
     void requestClose() override;
     void beginMove() override;
+    void openSystemMenu(Point onScreen) override;
     Rect onScreen(const Rect& area) const override;
     std::unique_ptr<PopupWindow> openPopup(PopupRequest request) override;
 

@@ -69,7 +69,8 @@ def test_the_keyboard_does_all_of_it(person):
     assert person.machine.report()["shortcuts"] == {START_MENU: link(DEFAULT_FOLDER), DESKTOP: link(DEFAULT_FOLDER)}
 
 
-@pytest.mark.parametrize("steps", [("click close",), ("click chrome-close",), ("key Escape",), ("key alt+F4",)])
+@pytest.mark.parametrize("steps", [("click close",), ("click chrome-close",), ("key Escape",), ("key alt+F4",),
+                                   ("right chrome-drag", "still 500", "type c")])
 def test_closing_does_nothing(person, steps):
     person.start()
     person.act(f"window 20000 {TITLE}", *steps, "gone 5000")

@@ -71,6 +71,7 @@ public:
     void resetToDefaultSize() override {}
     void requestClose() override {}
     void beginMove() override {}
+    void openSystemMenu(tavi::Point) override {}
     tavi::Rect onScreen(const tavi::Rect& area) const override { return area.offset({100, 200}); }
     std::unique_ptr<tavi::PopupWindow> openPopup(tavi::PopupRequest request) override {
         return std::make_unique<PopupStandIn>(std::move(request), &popup, whileRunning);

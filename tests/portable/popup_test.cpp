@@ -60,6 +60,7 @@ struct FrameStandIn : WindowFrame {
     void resetToDefaultSize() override { log.push_back(L"reset-size"); }
     void requestClose() override { log.push_back(L"close"); }
     void beginMove() override { log.push_back(L"drag"); }
+    void openSystemMenu(Point at) override { log.push_back(L"menu " + describe(at)); }
     Rect onScreen(const Rect& area) const override { return area; }
 };
 
@@ -244,6 +245,20 @@ TEST_F(TitleBar, RestoresAWindowThatIsMaximized) {
     doubleClick();
     EXPECT_EQ(commands, (Log{L"bar.maximize", L"bar.restore"}));
     EXPECT_EQ(frame.log, (Log{L"maximize", L"restore"}));
+}
+
+TEST_F(TitleBar, OpensTheMenuOfTheWindowByTheOtherButton) {
+    bar->setBounds({0, 60, 400, 42});
+    const auto rightClick = [&](Point from, Point to) {
+        tree->pointerPress({.position = from, .button = PointerButton::Right, .clicks = 1});
+        tree->pointerRelease({.position = to, .button = PointerButton::Right});
+    };
+    const Rect button = bar->findById(L"chrome-close")->bounds();
+    rightClick({button.x + 5, 60 + button.y + 5}, {button.x + 5, 60 + button.y + 5});
+    rightClick({100, 80}, {100, 120});
+    EXPECT_EQ(frame.log, Log{});
+    rightClick({100, 80}, {101, 81});
+    EXPECT_EQ(frame.log, Log{L"menu (101, 81)"});
 }
 
 TEST_F(TitleBar, MayBeDestroyedByItsCommand) {
