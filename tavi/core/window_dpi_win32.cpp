@@ -39,7 +39,8 @@ WindowNative::Answer WindowNative::onDpiChanged(const Message& message) {
                         describe(suggested) + L" applied=" + describe(applied));
     }
     move(applied);
-    if (ownSize && applied.size() == size) {
+    // The tree knows the new scale by now, and may have asked for another size.
+    if (ownSize && applied.size() == size && windowRect() == applied) {
         // Frames do not always scale as Windows says; what counts is the client area.
         RECT now{};
         GetClientRect(handle_, &now);

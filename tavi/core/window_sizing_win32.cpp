@@ -66,12 +66,20 @@ void WindowNative::setMinimumClientSize(Size size) {
     }
 }
 
-// As large as its minimum at least, no larger than its work area and inside it.
+// As large as its minimum at least, no larger than its work area and inside it; under the mouse it stays where it is
+// held.
 void WindowNative::bringIntoReach() {
-    if (!IsIconic(handle_) && !IsZoomed(handle_)) {
-        move(fitWindowRectToMinimumAndWorkArea(windowRect(), windowSize(effectiveMinimumClientSize(), dpi_),
-                                               workArea()));
+    if (IsIconic(handle_) || IsZoomed(handle_)) {
+        return;
     }
+    const Rect now = windowRect();
+    const Size minimum = windowSize(effectiveMinimumClientSize(), dpi_);
+    Rect wanted = fitWindowRectToMinimumAndWorkArea(now, minimum, workArea());
+    if (isDragged_) {
+        wanted.x = now.x;
+        wanted.y = now.y;
+    }
+    move(wanted);
 }
 
 void WindowNative::updateClient() {

@@ -116,6 +116,28 @@ TEST_F(TaviWin32, KeepsItsDesignSizeAndItsStateWhenTheScaleChanges) {
     }
 }
 
+// Texts do not grow evenly, so a window may have to be larger at another scale.
+TEST_F(TaviWin32, KeepsTheSizeThatItsTreeAsksForAtTheNewScale) {
+    open({.title = L"grows", .clientSize = {400, 300}, .style = WS_POPUP, .customChrome = true});
+    window.root().setTreeNotification([&](Control&) {
+        window.setMinimumClientSize({400, 320});
+        window.setDefaultClientSize({400, 320});
+        window.resetToDefaultSize();
+    });
+    RECT suggested{50, 40, 650, 490};
+    SendMessageW(window.handle(), WM_DPICHANGED, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&suggested));
+    EXPECT_EQ(window.root().bounds(), (Rect{0, 0, 400, 320}));
+
+    window.root().setTreeNotification([&](Control&) { window.setMinimumClientSize({400, 340}); });
+    RECT work{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    RECT beyond{work.right - 50, 40, work.right + 350, 360};
+    SendMessageW(window.handle(), WM_ENTERSIZEMOVE, 0, 0);
+    SendMessageW(window.handle(), WM_DPICHANGED, MAKEWPARAM(96, 96), reinterpret_cast<LPARAM>(&beyond));
+    EXPECT_EQ(rectOf(window.handle()).left, beyond.left) << "under the mouse it stays where it is held";
+    EXPECT_EQ(window.root().bounds(), (Rect{0, 0, 400, 340}));
+}
+
 TEST_F(TaviWin32, StaysBetweenItsMinimumAndTheWorkArea) {
     box = nullptr;
     open({.title = L"sizes", .clientSize = {400, 300}});
