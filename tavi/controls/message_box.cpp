@@ -67,6 +67,15 @@ Size boxSize(const DesignedPopup& popup) {
     return {width, popup.preferredHeight(width)};
 }
 
+// As large as its texts need, and again after a change of scale: letters do not grow evenly.
+void fitBox(DialogWindow& dialog, const DesignedPopup& popup) {
+    const Size size = boxSize(popup);
+    dialog.setDefaultClientSize(size);
+    if (dialog.root().bounds().size() != size) {
+        dialog.resetToDefaultSize();
+    }
+}
+
 // What a button does: ends the box, or its own action.
 void press(DialogWindow& dialog, const MessageBoxButton& button) {
     if (button.action) {
@@ -121,9 +130,9 @@ DialogResult showMessageBox(HINSTANCE instance, HWND owner, const MessageBoxOpti
         return DialogResult::None;
     }
     // Only now is its scale known, and with it how long its texts are. The work area is the limit.
-    dialog.setDefaultClientSize(boxSize(popup));
-    dialog.resetToDefaultSize();
+    fitBox(dialog, popup);
     dialog.centerOn(owner);
+    dialog.root().setTreeNotification([&](Control&) { fitBox(dialog, popup); });
     if (options.created) {
         options.created(dialog.handle());
     }

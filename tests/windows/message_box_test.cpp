@@ -124,6 +124,27 @@ TEST_F(TaviMessageBox, LiesOverItsOwnerAsLargeAsItsTextNeeds) {
     EXPECT_EQ(large.bottom, work.bottom);
 }
 
+// Letters do not grow evenly: at another scale a text may take another line.
+TEST_F(TaviMessageBox, FitsItsTextAgainWhenTheScaleChanges) {
+    const auto heightAt = [](HWND made, int dpi) {
+        RECT place = rectOf(made);
+        SendMessageW(made, WM_DPICHANGED, static_cast<WPARAM>(MAKEWPARAM(dpi, dpi)), reinterpret_cast<LPARAM>(&place));
+        place = rectOf(made);
+        return MulDiv(place.bottom - place.top, 96, dpi);
+    };
+    int others = 0;
+    for (int words = 0; words < 40; ++words) {
+        options.message += L" willing";
+        run([&](HWND made) {
+            key(made, VK_ESCAPE);
+            const int before = heightAt(made, 96);
+            others += std::abs(heightAt(made, 120) - before) > 10 ? 1 : 0;
+            EXPECT_EQ(heightAt(made, 96), before) << words;
+        });
+    }
+    EXPECT_GT(others, 0) << "a line more or less";
+}
+
 TEST_F(TaviMessageBox, IsCopiedAsText) {
     BYTE keys[256]{};
     GetKeyboardState(keys);
