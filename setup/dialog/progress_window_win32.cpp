@@ -110,6 +110,7 @@ bool ProgressWindow::open() {
     addControls();
     sheet.apply(root());
     arrange();
+    centerOn(nullptr);
     return true;
 }
 
@@ -145,7 +146,6 @@ void ProgressWindow::arrange() {
     setDefaultClientSize(size);
     if (root().bounds().size() != size) {
         resetToDefaultSize();
-        centerOn(nullptr);
     }
     const tavi::Rect middle = popup_->places(root().bounds().size()).middle;
     const bool rightToLeft = tree().rightToLeft();
