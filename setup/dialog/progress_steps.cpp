@@ -65,10 +65,10 @@ std::wstring subjectOf(const StepRow& row, std::wstring_view line) {
         const size_t to = rest.rfind(kTo);
         return base::fileName(to != std::wstring_view::npos ? rest.substr(to + kTo.size()) : rest);
     }
-    if (!row.mark.empty()) {
-        // From the end: a folder's name may hold the mark as well.
-        rest = rest.substr(0, rest.rfind(row.mark));
-    }
+    // From the end: a folder's name may hold the mark as well, and not all lines of a beginning have one.
+    const size_t end = row.mark.empty() ? std::wstring_view::npos : rest.rfind(row.mark);
+    const bool isInPath = row.subject == Subject::kPath && rest.find(L'\\', end) != std::wstring_view::npos;
+    rest = rest.substr(0, isInPath ? std::wstring_view::npos : end);
     return row.subject == Subject::kFileName ? base::fileName(rest)
            : row.subject == Subject::kPath   ? std::wstring(rest)
                                              : std::wstring();

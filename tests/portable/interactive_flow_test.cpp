@@ -106,6 +106,7 @@ TEST(InteractiveFlow, LogLinesBecomeSteps) {
     const std::pair<const wchar_t*, ProgressStep> cases[] = {
         {L"install folder: C:\\Apps (x86)\\Lumora Velquin (chosen)",
          {text::kInstallFolder, L"C:\\Apps (x86)\\Lumora Velquin"}},
+        {L"install folder: C:\\Apps (x86)\\Lumora Velquin", {text::kInstallFolder, L"C:\\Apps (x86)\\Lumora Velquin"}},
         {L"MSI extracted: C:\\Users\\a\\setup-msi-cache\\Velquin-1.0.188.msi", {text::kInstall, L"Velquin.msi"}},
         {L"no running copy of Velquin.exe", {text::kClose, L"Velquin.exe"}},
         {L"process closed pid=17", {text::kClose, L"Velquin.exe"}},
