@@ -4,12 +4,13 @@
 
 namespace tavi {
 
-TooltipPlace placeTooltip(const Rect& anchor, Size size, const Rect& within, int32_t distance) {
+TooltipPlace placeTooltip(const Rect& anchor, Size size, const Rect& within, int32_t distance, bool rightToLeft) {
+    const int32_t x = rightToLeft ? saturate(int64_t{anchor.right()} - size.width) : anchor.x;
     const int64_t below = int64_t{anchor.bottom()} + distance;
     const int64_t above = int64_t{anchor.y} - distance - size.height;
     const bool fitsBelow = below + size.height <= within.bottom();
     TooltipPlace place;
-    place.before = {anchor.x, saturate(fitsBelow || above < within.y ? below : above), size.width, size.height};
+    place.before = {x, saturate(fitsBelow || above < within.y ? below : above), size.width, size.height};
     place.lowestX = within.x;
     place.lowestY = within.y;
     place.highestX = std::max(within.x, saturate(int64_t{within.right()} - size.width));

@@ -22,9 +22,9 @@ struct TooltipPlace {
     bool clamped() const { return bounds != before; }
 };
 
-// Below its anchor and aligned with it; above where there is no room below; then moved into `within`, whose near edges
-// count when it is larger. All in pixels of the screen.
-TooltipPlace placeTooltip(const Rect& anchor, Size size, const Rect& within, int32_t distance);
+// Below its anchor and aligned with the side where reading begins; above where there is no room below; then moved into
+// `within`, whose near edges count when it is larger. All in pixels of the screen.
+TooltipPlace placeTooltip(const Rect& anchor, Size size, const Rect& within, int32_t distance, bool rightToLeft);
 
 // The warning about a tooltip that was moved.
 std::wstring reportTooltipClamp(const Rect& anchor, Size size, const TooltipPlace& place, const Rect& within);

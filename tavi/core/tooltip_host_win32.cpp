@@ -111,8 +111,8 @@ std::optional<TooltipPlace> TooltipHostWindow::show(const Request& request) {
     const HDC screen = GetDC(handle_);
     const Size size = painter().measure(screen, content_);
     ReleaseDC(handle_, screen);
-    const TooltipPlace place =
-        placeTooltip(request.anchor, size, request.workArea, Scale(content_.dpi).length(kTooltipDistance));
+    const TooltipPlace place = placeTooltip(request.anchor, size, request.workArea,
+                                            Scale(content_.dpi).length(kTooltipDistance), content_.rightToLeft);
     const Rect& at = place.bounds;
     SetWindowPos(handle_, HWND_TOPMOST, at.x, at.y, at.width, at.height, SWP_NOACTIVATE | SWP_SHOWWINDOW);
     InvalidateRect(handle_, nullptr, FALSE);

@@ -73,12 +73,15 @@ TEST(TaviTooltip, PlacesBesideItsAnchorWithinBounds) {
         {{100, 100, 50, 20}, {2000, 40}, {0, 124, 2000, 40}, true},  // larger than the room
     };
     for (const auto& [anchor, size, expected, clamped] : cases) {
-        const TooltipPlace place = placeTooltip(anchor, size, within, 4);
+        const TooltipPlace place = placeTooltip(anchor, size, within, 4, false);
         EXPECT_EQ(place.bounds, expected);
         EXPECT_EQ(place.clamped(), clamped);
     }
+    EXPECT_EQ(placeTooltip({500, 100, 50, 20}, {200, 40}, within, 4, true).bounds, (Rect{350, 124, 200, 40}))
+        << "aligned with the end of its anchor";
+    EXPECT_EQ(placeTooltip({100, 100, 50, 20}, {200, 40}, within, 4, true).bounds, (Rect{0, 124, 200, 40}));
     EXPECT_EQ(reportTooltipClamp(std::get<0>(cases[2]), {200, 40},
-                                 placeTooltip(std::get<0>(cases[2]), {200, 40}, within, 4), within),
+                                 placeTooltip(std::get<0>(cases[2]), {200, 40}, within, 4, false), within),
               L"[Tavi layout warning] tooltip placement clamp anchor=(900, 100, 50x20) before=(900, 124, 200x40) "
               L"after=(800, 124, 200x40) tooltipSize=200x40 clampX=[0, 800] clampY=[0, 760] "
               L"placementBounds=(0, 0, 1000x800)");
