@@ -28,8 +28,10 @@ constexpr EdgeRow kEdges[] = {
 
 // The codes of hits that are no edges.
 constexpr std::pair<int, std::wstring_view> kOtherHits[] = {
-    {-2, L"HTERROR"},  {-1, L"HTTRANSPARENT"}, {0, L"HTNOWHERE"},   {1, L"HTCLIENT"},  {2, L"HTCAPTION"},
-    {3, L"HTSYSMENU"}, {8, L"HTMINBUTTON"},    {9, L"HTMAXBUTTON"}, {18, L"HTBORDER"}, {20, L"HTCLOSE"},
+    {-2, L"HTERROR"},  {-1, L"HTTRANSPARENT"}, {0, L"HTNOWHERE"},   {1, L"HTCLIENT"},
+    {2, L"HTCAPTION"}, {3, L"HTSYSMENU"},      {4, L"HTGROWBOX"},   {5, L"HTMENU"},
+    {6, L"HTHSCROLL"}, {7, L"HTVSCROLL"},      {8, L"HTMINBUTTON"}, {9, L"HTMAXBUTTON"},
+    {18, L"HTBORDER"}, {19, L"HTOBJECT"},      {20, L"HTCLOSE"},    {21, L"HTHELP"},
 };
 
 struct Stretch {

@@ -69,7 +69,7 @@ TEST(TaviSizing, FrameOfAWindowThatDrawsItsOwn) {
             << testing::PrintToString(describe(point));
     }
     EXPECT_EQ(hitTestFrame({0, 0}, {400, 300}, 0), HitCode::Client);
-    EXPECT_EQ(describeHitCode(2), L"HTCAPTION");
+    EXPECT_EQ(describeHitCode(2) + L" " + describeHitCode(5) + L" " + describeHitCode(21), L"HTCAPTION HTMENU HTHELP");
     EXPECT_EQ(describeHitCode(77), L"77");
     EXPECT_EQ(describeSizingEdge(7), L"WMSZ_BOTTOMLEFT");
 }
