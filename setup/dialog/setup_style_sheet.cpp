@@ -1,5 +1,7 @@
 #include "setup/dialog/setup_style_sheet.h"
 
+#include <utility>
+
 namespace velquin::setup {
 namespace {
 
@@ -32,6 +34,9 @@ tavi::SkinDefinition makeTheme() {
     theme.monoFontFamily = L"Cascadia Mono";
     theme.monoPointSize = 9;
     theme.monoWeight = 400;
+    tavi::StyleProperties mono;
+    mono.append("text.normal", "#B4EBDB");
+    skin.styleOverrides.push_back({.controlType = "text", .variant = "mono", .properties = std::move(mono)});
     return skin;
 }
 

@@ -256,6 +256,8 @@ TEST(SetupDialog, ItsOwnThemeIsGoldOnDarkGreen) {
     EXPECT_EQ(theme.uiFontFamily + number(theme.uiPointSize) + L"/" + number(theme.uiWeight), L"Bahnschrift9/400");
     EXPECT_EQ(theme.monoFontFamily + number(theme.monoPointSize) + L"/" + number(theme.monoWeight),
               L"Cascadia Mono9/400");
+    EXPECT_EQ(resolveStyle(builtInSetupTheme(), L"text", L"mono", tavi::SurfaceState::kNormal).text,
+              tavi::hexColor(0xB4EBDB));
 }
 
 }  // namespace
