@@ -159,8 +159,9 @@ void ProgressWindow::arrange() {
 void ProgressWindow::show(const ProgressStep& step) {
     const int32_t before = lineHeight_;
     step_->setText(progressLine(step.textId >= 0 ? textOf(step.textId) : L"", step.subject));
-    if (step_->preferredSize().height > before) {
-        arrange();  // a taller script than that of the digits
+    // A taller script than that of the digits. Another size would bring a minimised window back.
+    if (step_->preferredSize().height > before && !IsIconic(handle())) {
+        arrange();
     }
 }
 

@@ -64,8 +64,8 @@ public:
     void close();
     void setTitle(const std::wstring& title);
     void requestRepaint();
-    // Runs a function on the window's thread: at once when it is this one. It is dropped, and the answer is false, when
-    // the window is gone by then.
+    // Runs a function on the window's thread: at once when it is this one, before and after the window's life as well.
+    // From another thread it is dropped, and the answer is false, when the window is gone by then.
     bool post(std::function<void()> function);
     // The same for a worker that may outlive the Window: false once that is gone.
     using Poster = std::function<bool(std::function<void()>)>;
