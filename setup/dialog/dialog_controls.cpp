@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "setup/dialog/folder_pick.h"
 #include "tavi/core/mirroring.h"
 
 namespace velquin::setup {
@@ -44,6 +45,8 @@ tavi::Control* DialogControls::addItem(const DialogItem& item, const SetupChoice
             pathInput_->setReadOnly(installed_);
             // A field has no caption of its own; to a screen reader the label above it is its name.
             pathInput_->setAutomationName(label_ != nullptr ? label_->text() : L"");
+            pathInput_->committed.connect(
+                [field = pathInput_](tavi::CommitEvent& event) { field->setText(unquotedFolder(event.text)); });
             return pathInput_;
         case ItemKind::kButton:
             return browse_ = root_.add<tavi::ThemedButton>(item.id, item.bounds, caption);

@@ -19,4 +19,10 @@ std::wstring productFolderIn(std::wstring_view picked) {
                                                                           : base::joinPath(folder, kProductName);
 }
 
+std::wstring unquotedFolder(std::wstring_view written) {
+    const std::wstring_view text = base::trimmed(written);
+    const bool isQuoted = text.size() > 2 && text.starts_with(L'"') && text.ends_with(L'"');
+    return std::wstring(isQuoted ? text.substr(1, text.size() - 2) : written);
+}
+
 }  // namespace velquin::setup

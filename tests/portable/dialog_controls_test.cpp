@@ -74,6 +74,11 @@ TEST_F(SetupDialogControls, ANewProductIsAskedForItsFolderAndOptions) {
     tree->setFocus(&at<CheckBox>(kDesktopShortcutId));
     key(key::kReturn);
     EXPECT_EQ(chosen, L"install");
+    // Explorer copies a path in quotes.
+    tree->setFocus(&controls->pathInput());
+    tree->textInput({L"\"D:\\Q 1\""});
+    key(key::kReturn);
+    EXPECT_EQ(controls->input().installDir, L"D:\\Q 1");
     // The boxes begin as the options are, and each tells of itself.
     DialogInput input = controls->input();
     EXPECT_EQ(input.startWithWindows, true);

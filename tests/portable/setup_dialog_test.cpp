@@ -219,6 +219,17 @@ TEST(SetupDialog, APickedFolderGetsTheProductsNameOnce) {
                                {L"", L""}});
 }
 
+TEST(SetupDialog, AWrittenFolderLosesTheQuotesAroundAllOfIt) {
+    testing_table::expectEach([](const std::wstring& written) { return unquotedFolder(written); },
+                              {{L"\"C:\\My Tools\"", L"C:\\My Tools"},
+                               {L" \"C:\\My Tools\"\t", L"C:\\My Tools"},
+                               {L" C:\\Tools ", L" C:\\Tools "},
+                               {L"\"C:\\Tools", L"\"C:\\Tools"},
+                               {L"\"\"", L"\"\""},
+                               {L"\"", L"\""},
+                               {L"", L""}});
+}
+
 TEST(SetupDialog, StylesAreTakenFromTheSkinInTheirOrder) {
     tavi::SkinDefinition skin = builtInSetupTheme();
     const tavi::StyleSheet derived(setupStyleRules(), skin);
