@@ -107,6 +107,8 @@ bool ProgressWindow::open() {
     }
     applySetupWindowIcon(handle(), instance_);
     blockShutdown(handle(), heading_);
+    // Its menu does not offer what closeRequested() would not do.
+    EnableMenuItem(GetSystemMenu(handle(), FALSE), SC_CLOSE, MF_BYCOMMAND | MF_GRAYED);
     addControls();
     sheet.apply(root());
     arrange();
