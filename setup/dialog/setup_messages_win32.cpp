@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include "base/argument_quoting.h"
+#include "base/win32/files.h"
 #include "base/win32/process.h"
 #include "base/win32/system.h"
 #include "base/windows_path.h"
@@ -42,7 +43,8 @@ void showSetupMessageBox(HINSTANCE instance, HWND owner, const ProductConfig& co
         .rightToLeft = isRightToLeftLanguage(effectiveLanguage(config)),
         .created = [instance](HWND box) { applySetupWindowIcon(box, instance); },
     };
-    if (isError) {
+    // Where no log can be written there is none to show.
+    if (isError && base::fileExists(setupLogFile())) {
         options.buttons.push_back(
             {.id = L"open-log", .caption = localizedText(config, text::kOpenLog), .action = [](HWND) { showLog(); }});
     }

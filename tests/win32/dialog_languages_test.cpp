@@ -151,17 +151,6 @@ std::vector<Rect> placesIn(const std::vector<Part>& parts, int32_t mirroredIn = 
     return places;
 }
 
-// A text as the setup shows it, but for what Wine does not come back from shaping: a Bengali independent vowel that a
-// virama joins to a consonant, as in the word for "app". Without the virama the word is no narrower.
-std::wstring shapeableText(const velquin::ProductConfig& config, int textId) {
-    constexpr std::wstring_view kVowelWithVirama = L"\x0985\x09CD";
-    std::wstring text = velquin::localizedText(config, textId);
-    for (size_t at = text.find(kVowelWithVirama); at != text.npos; at = text.find(kVowelWithVirama, at)) {
-        text.erase(at + 1, 1);
-    }
-    return text;
-}
-
 velquin::ProductConfig configOf(std::string_view tag) {
     velquin::ProductConfig config;
     config.language.assign(tag.begin(), tag.end());
@@ -169,7 +158,7 @@ velquin::ProductConfig configOf(std::string_view tag) {
 }
 
 DialogControls::TextOf textsOf(std::string_view tag) {
-    return [config = configOf(tag)](int textId) { return shapeableText(config, textId); };
+    return [config = configOf(tag)](int textId) { return velquin::localizedText(config, textId); };
 }
 
 // A dialog whose client area is as large as a test says.
