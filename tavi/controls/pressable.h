@@ -19,8 +19,8 @@ public:
     void inputCancelled() override { change(Hold::kNone, hot_, focused_); }
     void pointerEntered() override { change(hold_, true, focused_); }
     void pointerLeft() override { change(hold_, false, focused_); }
-    // Space that is held does not count any more when the focus goes.
-    void focusChanged(bool focused) override { change(hold_ == Hold::kKey ? Hold::kNone : hold_, hot_, focused); }
+    // What holds it down does not count any more when the focus goes.
+    void focusChanged(bool focused) override { change(focused ? hold_ : Hold::kNone, hot_, focused); }
 
 protected:
     // It was pressed. Afterwards it may be gone.

@@ -95,9 +95,9 @@ constexpr Rect kPlace{20, 20, 100, 32};
 // Clicks count inside, Space when it is let go, Return at once but not on a box, each once; all else does nothing.
 TEST_F(Controls, ArePressed) {
     constexpr std::pair<std::string_view, int> kCases[] = {
-        {"idu", 1},  {"iduidu", 2}, {"idou", 0}, {"idoiu", 1}, {"irR", 0},   {"idrRu", 1},
-        {"idcu", 0}, {"idxu", 0},   {"xidu", 0}, {"sS", 1},    {"saaaS", 1}, {"S", 0},
-        {"aaS", 0},  {"seS", 0},    {"stS", 0},  {"sxS", 0},   {"n", 1},     {"xn", 0},
+        {"idu", 1},  {"iduidu", 2}, {"idou", 0}, {"idoiu", 1}, {"irR", 0},   {"idrRu", 1}, {"idcu", 0},
+        {"idxu", 0}, {"idtu", 0},   {"xidu", 0}, {"sS", 1},    {"saaaS", 1}, {"S", 0},     {"aaS", 0},
+        {"seS", 0},  {"stS", 0},    {"sxS", 0},  {"n", 1},     {"xn", 0},
     };
     for (const auto& [acts, count] : kCases) {
         for (const bool isBox : {false, true}) {
