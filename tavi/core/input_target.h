@@ -28,7 +28,7 @@ public:
     virtual bool keyPress(KeyEvent& /*event*/) { return false; }
     // WM_KEYUP, WM_SYSKEYUP.
     virtual bool keyRelease(KeyEvent& /*event*/) { return false; }
-    // Characters were typed. WM_CHAR.
+    // Characters were typed (WM_CHAR), or an input method has finished them (WM_IME_COMPOSITION).
     virtual bool textInput(TextInputEvent& /*event*/) { return false; }
     // An input method shows what it is composing. WM_IME_COMPOSITION, WM_IME_ENDCOMPOSITION.
     virtual bool compositionChanged(CompositionEvent& /*event*/) { return false; }
