@@ -221,28 +221,20 @@ private:
 
     // What the framework says about the control at a point of the screen. The overlay is on only meanwhile.
     std::wstring describedAt(POINT at) {
-        std::wstring text = beginAsking(at);
+        std::wstring text = ask(at, true);
         pressKey(L"ctrl+F12");
         return text;
     }
 
-    // A window that has just come may miss a key, and cannot answer while another program holds the clipboard.
-    std::wstring beginAsking(POINT at) const {
-        return answerAt(at, [] { pressKey(L"ctrl+F12"); });
-    }
-
-    // The answer for a point of the screen, while the overlay is on.
-    std::wstring ask(POINT at) const {
-        return answerAt(at, [] {});
-    }
-
-    // Another program may have taken the keyboard meanwhile; then the window is brought forward again.
-    template <typename Prepare>
-    std::wstring answerAt(POINT at, Prepare prepare) const {
+    // Turns the overlay on where that is asked for. A window that has just come may miss a key, and cannot answer while
+    // another program holds the clipboard; and one may have taken the keyboard meanwhile.
+    std::wstring ask(POINT at, bool turnsOn) const {
         for (int i = 0; i < 5; ++i) {
             bringForward();
             sendMouse(0, at);
-            prepare();
+            if (turnsOn) {
+                pressKey(L"ctrl+F12");
+            }
             if (const std::optional<std::wstring> answer = answerWithin(2000)) {
                 return *answer;
             }
@@ -287,7 +279,7 @@ private:
         GetClientRect(window_, &client);
         const int dpi = static_cast<int>(GetDpiForWindow(window_));
         const auto device = [dpi](LONG length) { return MulDiv(length, dpi, 96); };
-        beginAsking(onScreen({client.right / 2, client.bottom / 2}));
+        ask(onScreen({client.right / 2, client.bottom / 2}), true);
         for (int y = device(10); y < client.bottom; y += device(kStepY)) {
             for (int x = device(14); x < client.right; x += device(kStepX)) {
                 const POINT at{x, y};
@@ -297,7 +289,7 @@ private:
                 if (known) {
                     continue;
                 }
-                const std::wstring text = ask(onScreen(at));
+                const std::wstring text = ask(onScreen(at), false);
                 const RECT design = rectangleOf(valueOf(text, L"client"));
                 const RECT area{device(design.left), device(design.top), device(design.right), device(design.bottom)};
                 controls_[controlOf(text)] = {area, valueOf(text, L"takes focus") == L"yes"};
